@@ -1,0 +1,2 @@
+set(dlvProcessor x86_64)
+include("${CMAKE_CURRENT_LIST_DIR}/MinGW.cmake")

@@ -1,0 +1,81 @@
+# The runners behind ./dev test. Sourced by ./dev.
+#
+# A runner is a function that closes with a line "N passed, N failed". run_runner keeps its output as a log, adds
+# the counts up and shows what failed; a runner without that line, or with a bad exit status and nothing failed,
+# counts as one failure.
+
+allPassed=0
+allFailed=0
+
+run_runner() {
+    local name=$1 log="$state/logs/test-$1.log" status=0 last passed=0 failed=0 started=$SECONDS
+    shift
+    mkdir -p "$state/logs"
+    ("$@") >"$log" 2>&1 </dev/null || status=$?
+    last=$(grep -v '^[[:space:]]*$' "$log" | tail -n 1)
+    if [[ $last =~ ^([0-9]+)\ passed,\ ([0-9]+)\ failed$ ]]; then
+        passed=${BASH_REMATCH[1]} failed=${BASH_REMATCH[2]}
+    fi
+    if ((failed == 0)) && { ((status != 0)) || ((passed == 0)); }; then
+        failed=1
+    fi
+    if ((failed > 0)); then
+        echo "--- $name"
+        tail -n 60 "$log"
+        echo "--- the whole log: $log"
+    fi
+    printf '%-22s %6d passed %4d failed %5d s\n' "$name" "$passed" "$failed" $((SECONDS - started))
+    allPassed=$((allPassed + passed))
+    allFailed=$((allFailed + failed))
+}
+
+build_runner() {
+    if build_preset "$@"; then
+        echo "1 passed, 0 failed"
+    else
+        echo "0 passed, 1 failed"
+    fi
+}
+
+# Runs every test program of a build: ctest_runner PRESET JOBS
+ctest_runner() {
+    local build=$state/$1
+    rm -rf "$build/results"
+    mkdir -p "$build/results"
+    # Closed so that a Wine server started by a test cannot hold the lock of its users.
+    timeout -k 20 900 ctest --test-dir "$build" --parallel "$2" --output-on-failure --no-tests=error \
+        --output-junit "$build/results/ctest.xml" 8>&- || true
+    python3 "$root/scripts/count_results.py" "$build"
+}
+
+reference_runner() {
+    UBSAN_OPTIONS=print_stacktrace=1 timeout -k 20 600 python3 "$root/tests/reference/compare.py" \
+        "$state/sanitize/player/play" --seeds 1-300 --parts views
+}
+
+checks_runner() {
+    timeout -k 20 600 python3 "$root/tests/checks/run.py" "$root" "$state/sanitize"
+}
+
+binary32_runner() {
+    timeout -k 20 120 python3 "$root/tests/checks/binary32.py" "$root" "$state/win32"
+}
+
+windows_runner() {
+    display_begin && wine_begin || return 1
+    trap 'wine_end; display_end' EXIT
+    ctest_runner win64 1
+}
+
+test_native() {
+    run_runner "native build" build_runner sanitize
+    run_runner "native tests" ctest_runner sanitize "$(nproc)"
+}
+test_reference() { run_runner "reference model" reference_runner; }
+test_checks() { run_runner "checks" checks_runner; }
+test_windows() {
+    run_runner "64-bit build" build_runner win64
+    run_runner "64-bit tests" windows_runner
+    run_runner "32-bit build" build_runner win32
+    run_runner "32-bit control" binary32_runner
+}

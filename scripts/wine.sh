@@ -1,0 +1,77 @@
+# A Wine of our own: prefix, home and runtime folder under $state, shared with nothing else of this user, and a
+# virtual display. Sourced by ./dev and by the wrapper that runs Windows programs.
+#
+#   wine_begin            environment, prefix (made once) and a warm server
+#   display_begin         a virtual display on a free number, in $DISPLAY
+#   wine_end, display_end end what the two began; safe to call when nothing was begun
+
+displayPid=""
+wineBegun=""
+
+wine_environment() {
+    wineRoot=$state/wine
+    mkdir -p "$wineRoot/home"
+    mkdir -p -m 700 "$wineRoot/runtime"
+    export WINEPREFIX=$wineRoot/prefix HOME=$wineRoot/home XDG_RUNTIME_DIR=$wineRoot/runtime
+    export WINEARCH=win64 WINEDEBUG=-all
+    export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d;winedbg.exe=d"
+    export DLV_WINE_READY=$wineRoot
+}
+
+wine_begin() {
+    wine_environment
+    # Each user of the prefix holds a shared lock; the last one out ends the server.
+    exec 8>"$wineRoot/users.lock"
+    flock -s 8
+    (
+        exec 8>&-
+        flock 7
+        if [[ ! -f $wineRoot/ready ]] || [[ $root/scripts/wine.reg -nt $wineRoot/ready ]]; then
+            rm -rf "$WINEPREFIX"
+            env -u DISPLAY timeout -k 5 180 wine wineboot -i &&
+                env -u DISPLAY timeout -k 5 60 wine regedit /S "Z:$root/scripts/wine.reg" &&
+                touch "$wineRoot/ready"
+        fi 7>&-
+    ) 7>"$wineRoot/prefix.lock" >"$wineRoot/prefix.log" 2>&1 </dev/null || {
+        cat "$wineRoot/prefix.log" >&2
+        echo "Wine could not make its prefix $WINEPREFIX" >&2
+        return 1
+    }
+    wineserver -p 8>&- 2>/dev/null || true
+    wineBegun=yes
+}
+
+wine_end() {
+    [[ -n $wineBegun ]] || return 0
+    if flock -n -x 8; then
+        wineserver -k 2>/dev/null || true
+    fi
+    exec 8>&-
+    wineBegun=""
+}
+
+display_begin() {
+    local numberFile="$state/wine/display.$$" waited=0
+    mkdir -p "$state/wine"
+    : >"$numberFile"
+    Xvfb -displayfd 3 -screen 0 1920x1200x24 -dpi 96 -nolisten tcp -noreset \
+        3>"$numberFile" 8>&- >/dev/null 2>&1 </dev/null &
+    displayPid=$!
+    until [[ -s $numberFile ]]; do
+        if ((++waited > 200)) || ! kill -0 "$displayPid" 2>/dev/null; then
+            echo "The virtual display did not start" >&2
+            rm -f "$numberFile"
+            return 1
+        fi
+        sleep 0.05
+    done
+    export DISPLAY=":$(tr -d '[:space:]' <"$numberFile")"
+    rm -f "$numberFile"
+}
+
+display_end() {
+    [[ -n $displayPid ]] || return 0
+    kill "$displayPid" 2>/dev/null || true
+    wait "$displayPid" 2>/dev/null || true
+    displayPid=""
+}

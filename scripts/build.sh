@@ -1,7 +1,8 @@
 # Where things are built, and building them. Sourced by ./dev and by the wrapper that runs Windows programs.
 #
 #   find_state                       sets $state, the one folder that everything made here lies in
-#   build_preset PRESET [TARGET...]  configures when needed and builds; one builder at a time per preset
+#   configure_preset PRESET          configures when needed
+#   build_preset PRESET [TARGET...]  the same, then builds; one builder at a time per preset
 #   build_quietly PRESET [TARGET...] the same, shows its output only when it fails
 
 # build/ in the checkout when it is ours to write, else a folder of this user's own cache.
@@ -29,21 +30,25 @@ is_configured() {
         grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$build/CMakeCache.txt"
 }
 
-build_preset() (
-    preset=$1
-    build=$state/$preset
+configure_preset() {
+    local build=$state/$1
+    is_configured "$build" && return 0
+    (cd "$root" && cmake --fresh --preset "$1" -B "$build" 9>&-) || return 1
+    touch "$build/CMakeCache.txt"
+}
+
+build_preset() {
+    local preset=$1 targets=() status=0
     shift
-    targets=()
     (($# == 0)) || targets=(--target "$@")
-    mkdir -p "$build"
-    exec 9>"$build.lock"
+    mkdir -p "$state/$preset"
+    exec 9>"$state/$preset.lock"
     flock 9
-    if ! is_configured "$build"; then
-        cd "$root" && cmake --fresh --preset "$preset" -B "$build" 9>&- || exit 1
-        touch "$build/CMakeCache.txt"
-    fi
-    cmake --build "$build" -j "$(nproc)" "${targets[@]}" -- -k 0 9>&-
-)
+    configure_preset "$preset" &&
+        cmake --build "$state/$preset" -j "$(nproc)" "${targets[@]}" -- -k 0 9>&- || status=$?
+    exec 9>&-
+    return $status
+}
 
 build_quietly() {
     local log="$state/logs/build-$1.$$.log" status=0

@@ -54,6 +54,7 @@ reference_runner() {
 }
 
 checks_runner() {
+    configure_preset sanitize || return 1
     timeout -k 20 600 python3 "$root/tests/checks/run.py" "$root" "$state/sanitize"
 }
 

@@ -10,8 +10,8 @@ wineBegun=""
 
 wine_environment() {
     wineRoot=$state/wine
-    mkdir -p "$wineRoot/home"
-    mkdir -p -m 700 "$wineRoot/runtime"
+    mkdir -p "$wineRoot/home" "$wineRoot/runtime"
+    chmod 700 "$wineRoot/runtime"
     export WINEPREFIX=$wineRoot/prefix HOME=$wineRoot/home XDG_RUNTIME_DIR=$wineRoot/runtime
     export WINEARCH=win64 WINEDEBUG=-all
     export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d;winedbg.exe=d"

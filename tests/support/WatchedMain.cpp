@@ -1,5 +1,5 @@
-// The main of every test program. A watchdog ends the process when one test takes too long and names that test,
-// so that a hang is a failure with a name and not a build that never ends.
+// The main of every test program. A watchdog ends the process when one test takes too long and names that
+// test, so that a hang is a failure with a name and not a build that never ends.
 //
 // DLV_TEST_SECONDS sets how long one test may take (120 when it is not set); exit status 42 means "hung".
 #include <gtest/gtest.h>

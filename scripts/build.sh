@@ -25,8 +25,8 @@ find_state() {
 # True when the folder has been configured for this checkout and these presets.
 is_configured() {
     local build=$1
-    [[ -f $build/build.ninja && -f $build/CMakeCache.txt ]] &&
-        [[ ! $root/CMakePresets.json -nt $build/CMakeCache.txt ]] &&
+    [[ -f $build/build.ninja && -f $build/configured ]] &&
+        [[ ! $root/CMakePresets.json -nt $build/configured ]] &&
         grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$build/CMakeCache.txt"
 }
 
@@ -34,7 +34,7 @@ configure_preset() {
     local build=$state/$1
     is_configured "$build" && return 0
     (cd "$root" && cmake --fresh --preset "$1" -B "$build" 9>&-) || return 1
-    touch "$build/CMakeCache.txt"
+    touch "$build/configured"
 }
 
 build_preset() {

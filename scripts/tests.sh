@@ -21,7 +21,7 @@ run_runner() {
     fi
     if ((failed > 0)); then
         echo "--- $name"
-        tail -n 60 "$log"
+        grep -E 'error|FAILED|HUNG|ERROR' "$log" | head -n 40 || tail -n 20 "$log"
         echo "--- the whole log: $log"
     fi
     printf '%-22s %6d passed %4d failed %5d s\n' "$name" "$passed" "$failed" $((SECONDS - started))
@@ -58,8 +58,9 @@ checks_runner() {
     timeout -k 20 600 python3 "$root/tests/checks/run.py" "$root" "$state/sanitize"
 }
 
-binary32_runner() {
-    timeout -k 20 120 python3 "$root/tests/checks/binary32.py" "$root" "$state/win32"
+# Looks into the built control without running it: binary_runner BITS
+binary_runner() {
+    timeout -k 20 120 python3 "$root/tests/checks/binary.py" "$root" "$state/win$1" "$1"
 }
 
 windows_runner() {
@@ -77,6 +78,7 @@ test_checks() { run_runner "checks" checks_runner; }
 test_windows() {
     run_runner "64-bit build" build_runner win64
     run_runner "64-bit tests" windows_runner
+    run_runner "64-bit control" binary_runner 64
     run_runner "32-bit build" build_runner win32
-    run_runner "32-bit control" binary32_runner
+    run_runner "32-bit control" binary_runner 32
 }

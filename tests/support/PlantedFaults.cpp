@@ -30,7 +30,7 @@ TEST(Planted, Overflow) { one = std::numeric_limits<int>::max() + one; }
 
 TEST(Planted, UseAfterFree) {
     auto values = std::make_unique<int[]>(10);
-    const int* gone = values.get();
+    const int* volatile gone = values.get();
     values.reset();
     one = gone[one];
 }

@@ -16,6 +16,7 @@ find_state() {
     if [[ -z $folder ]]; then
         local name
         name=$(printf '%s' "$root" | sha256sum)
+        export HOME=${HOME:-$(getent passwd "$EUID" | cut -d: -f6)}
         folder="${XDG_CACHE_HOME:-$HOME/.cache}/dashlonviewer/${name:0:16}"
     fi
     mkdir -p "$folder"

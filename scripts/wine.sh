@@ -2,6 +2,7 @@
 # virtual display. Sourced by ./dev and by the wrapper that runs Windows programs.
 #
 #   wine_begin            environment, prefix (made once) and a warm server
+#   display_is_there      whether the user has a display
 #   display_begin         a virtual display on a free number, in $DISPLAY
 #   wine_end, display_end end what the two began; safe to call when nothing was begun
 
@@ -48,6 +49,18 @@ wine_end() {
     fi
     exec 8>&-
     wineBegun=""
+}
+
+# Whether $DISPLAY names a display that answers, as far as can be told without an X client.
+display_is_there() {
+    case ${DISPLAY:-} in
+        "") return 1 ;;
+        :*)
+            local number=${DISPLAY#:}
+            grep -q "/tmp/.X11-unix/X${number%%.*}\$" /proc/net/unix
+            ;;
+        *) return 0 ;;
+    esac
 }
 
 display_begin() {

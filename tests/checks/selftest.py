@@ -16,7 +16,7 @@ CLEAN = {
     "src/model/Unit.h": '#pragma once\n#include <string>\n\n#include "base/Sum.h"\n// never catch (anything) here\n',
     "src/windows/Window.h": '#pragma once\n#include <windows.h>\n\n#include "model/Unit.h"\n',
 }
-ALL = ("layers", "catches", "lengths", "formatted", "tidy")
+ALL = ("layers", "catches", "lengths", "written", "formatted", "tidy")
 
 # What is planted: file, text added at its end, the checks that must find it.
 PLANTED = (
@@ -30,6 +30,9 @@ PLANTED = (
     ("hosts/demo/Data.h", "inline void F() try {\n} catch (...) {\n}\n", {"catches"}),
     ("src/base/Sum.h", "// line\n" * 600, {"lengths"}),
     ("dev", "# line\n" * 351, {"lengths"}),
+    ("docs/page.md", "a line  \n", {"written"}),
+    ("tests/a.py", "if True:\n\tpass\n", {"written"}),
+    ("scripts/a.sh", "no line end", {"written"}),
     ("src/base/Sum.h", "int  Wide (int a);\n", {"formatted"}),
     ("src/base/Sum.cpp", "double Half(int whole) { return whole / 2; }\n", {"tidy"}),
 )

@@ -20,12 +20,12 @@ ViewerForm::ViewerForm() : Form("DLViewer") {
     SetSize(Pixels(kDesignWidth), Pixels(kDesignHeight));
     Place(fraDLV, InPixels(0, 0, kDesignWidth, kDesignHeight - 25));
     Place(tbMain, InPixels(6, 3, 190, 32), fraDLV);
-    tbMain.SetItems({{"SaveGrid"},
-                     {"PrintGrid"},
-                     {"", Toolbar::Style::Separator},
-                     {"Profiles", Toolbar::Style::DropDown},
-                     {"", Toolbar::Style::Separator},
-                     {"Help"}});
+    const auto item = [](const char* key, Toolbar::Style style) {
+        return Toolbar::Item{key, style, {}, true};
+    };
+    tbMain.SetItems({item("SaveGrid", Toolbar::Style::Button), item("PrintGrid", Toolbar::Style::Button),
+                     item("", Toolbar::Style::Separator), item("Profiles", Toolbar::Style::DropDown),
+                     item("", Toolbar::Style::Separator), item("Help", Toolbar::Style::Button)});
     double left = 562;
     for (Label* label : {&lblLastTime, &lblLastRefreshTime, &lblNextTime, &lblNextRefreshTime}) {
         const bool heading = label == &lblLastTime || label == &lblNextTime;

@@ -78,7 +78,7 @@ function(dlv_add_tests target)
     target_link_libraries(${target} PRIVATE dlv_test_main dlv_flags GTest::gtest)
     dlv_link(${target} ${arg_LINK})
     target_compile_definitions(${target} PRIVATE DLV_TESTS_DIR="${PROJECT_SOURCE_DIR}/tests")
-    # GoogleTest's own macros leave these behind in every parameterised suite.
+    # A row of a table names only the fields that matter to it.
     target_compile_options(${target} PRIVATE -Wno-missing-field-initializers)
     file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/results")
     add_test(NAME ${target} COMMAND ${target} --gtest_brief=1 --gtest_output=xml:${target}.xml ${arg_ARGS}

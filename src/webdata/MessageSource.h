@@ -21,4 +21,11 @@ public:
     virtual std::shared_ptr<const RowTable> Table(std::string_view name) const = 0;
 };
 
+/// A value that a host hands to `ReceiveMessage`: its type name, and the message to read when it is one
+/// ("QZWebMessage").
+struct HostObject {
+    std::string typeName;
+    std::shared_ptr<const MessageSource> message;
+};
+
 }  // namespace dlv

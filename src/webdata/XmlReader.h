@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -98,7 +99,7 @@ private:
     std::string_view name_;
     std::vector<std::string_view> open_;
     std::vector<Attribute> attributes_;
-    unsigned long long namesSeen_ = 0;
+    std::uint64_t namesSeen_ = 0;
     std::unordered_set<std::string_view> manyNames_;
     std::string_view textEvent_;
     std::string decoded_;

@@ -1,13 +1,19 @@
 #include "base/Dictionary.h"
 
+#include <utility>
+
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 
 namespace dlv {
 
+std::uint32_t Dictionary::Place(std::string_view key) const {
+    return compare_ == KeyCompare::Exact ? places_.Find(key) : places_.Find(FoldCase(key));
+}
+
 const Dictionary::Entry* Dictionary::Find(std::string_view key) const {
-    const auto place = compare_ == KeyCompare::Exact ? places_.find(key) : places_.find(FoldCase(key));
-    return place == places_.end() ? nullptr : &entries_[place->second];
+    const std::uint32_t place = Place(key);
+    return place == TextTable::kNone ? nullptr : &entries_[place];
 }
 
 std::string_view Dictionary::Item(std::string_view key) const {
@@ -16,8 +22,10 @@ std::string_view Dictionary::Item(std::string_view key) const {
 }
 
 bool Dictionary::AddNew(std::string_view key, std::string_view item) {
-    std::string place = compare_ == KeyCompare::Exact ? std::string(key) : FoldCase(key);
-    if (!places_.try_emplace(std::move(place), entries_.size()).second) return false;
+    const auto place = static_cast<std::uint32_t>(entries_.size());
+    const std::uint32_t taken =
+        compare_ == KeyCompare::Exact ? places_.Insert(key, place) : places_.Insert(FoldCase(key), place);
+    if (taken != place) return false;
     entries_.push_back({std::string(key), std::string(item)});
     return true;
 }
@@ -26,20 +34,19 @@ void Dictionary::Add(std::string_view key, std::string_view item) {
     if (!AddNew(key, item)) RaiseDuplicateKey();
 }
 
-bool Dictionary::Remove(std::string_view key) {
-    const auto place = compare_ == KeyCompare::Exact ? places_.find(key) : places_.find(FoldCase(key));
-    if (place == places_.end()) return false;
-    const std::size_t removed = place->second;
-    places_.erase(place);
-    entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(removed));
-    for (auto& [name, index] : places_)
-        if (index > removed) --index;
-    return true;
+void Dictionary::RemoveEach(const std::vector<std::string>& keys) {
+    std::vector<bool> removed(entries_.size());
+    for (const std::string& key : keys)
+        if (const std::uint32_t place = Place(key); place != TextTable::kNone) removed[place] = true;
+    const std::vector<Entry> entries = std::exchange(entries_, {});
+    places_.Clear();
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        if (!removed[i]) AddNew(entries[i].key, entries[i].item);
 }
 
 void Dictionary::RemoveAll() {
     entries_.clear();
-    places_.clear();
+    places_.Clear();
 }
 
 std::string JoinKeys(const Dictionary& set, char separator) {

@@ -2,11 +2,11 @@
 // compared exactly, or without regard to letter case; look-ups take constant time.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
+
+#include "base/TextTable.h"
 
 namespace dlv {
 
@@ -25,6 +25,9 @@ public:
     bool Exists(std::string_view key) const { return Find(key) != nullptr; }
     /// The entry of a key, or nothing. Holds until the dictionary changes.
     const Entry* Find(std::string_view key) const;
+    /// The place of a key in the order of adding; `TextTable::kNone` for a missing key.
+    std::uint32_t Place(std::string_view key) const;
+    const Entry& At(std::size_t place) const { return entries_[place]; }
     /// The item of a key; empty for a missing key.
     std::string_view Item(std::string_view key) const;
 
@@ -35,22 +38,17 @@ public:
     /// False, and no change, when the key is there already.
     bool AddNew(std::string_view key, std::string_view item);
     bool AddNew(std::string_view key) { return AddNew(key, key); }
-    /// False when there was no such key.
-    bool Remove(std::string_view key);
+    /// Removes the entries of those keys; keys that are not there do not matter.
+    void RemoveEach(const std::vector<std::string>& keys);
     void RemoveAll();
 
     auto begin() const { return entries_.begin(); }
     auto end() const { return entries_.end(); }
 
 private:
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
-    };
-
     KeyCompare compare_;
     std::vector<Entry> entries_;
-    std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> places_;
+    TextTable places_;
 };
 
 /// The keys of an id set, each followed by the separator, without the last one.

@@ -30,6 +30,17 @@ Outcome Trap::Run(std::string_view location, BodyRef body) const {
     return Outcome::Failed;
 }
 
+Outcome Trap::RunReplacing(std::string_view location,
+                           const std::function<RunTimeError(const RunTimeError&)>& replace,
+                           BodyRef body) const {
+    const auto failure = Failure(body);
+    if (!failure) return Outcome::Done;
+    std::optional<RunTimeError> reported;
+    if (Failure([&] { reported = replace(*failure); })) reported = failure;
+    report_(*reported, location);
+    return Outcome::Failed;
+}
+
 Outcome IgnoreErrors(BodyRef statement) { return Failure(statement) ? Outcome::Failed : Outcome::Done; }
 
 Ending RunUntilStopped(BodyRef body) {

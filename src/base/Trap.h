@@ -45,6 +45,11 @@ public:
     /// out, that is error 7.
     Outcome Run(std::string_view location, BodyRef body) const;
 
+    /// The same, but what is reported is what `replace` makes of the error. Where `replace` fails
+    /// itself, the error is reported as it was.
+    Outcome RunReplacing(std::string_view location,
+                         const std::function<RunTimeError(const RunTimeError&)>& replace, BodyRef body) const;
+
 private:
     Report report_;
 };

@@ -19,13 +19,6 @@
 
 namespace dlv {
 
-/// A value that a host hands to `ReceiveMessage`: its type name, and what it reads like when it is a
-/// message ("QZWebMessage").
-struct HostObject {
-    std::string typeName;
-    std::shared_ptr<const MessageSource> message;
-};
-
 class DLViewer {
 public:
     /// Both must outlive the control.
@@ -52,6 +45,10 @@ public:
     void Tabs_Click();
     void optDisplay_Click(int index);
     void tbMain_ButtonClick(const std::string& key);
+    void mnuProfile_Click(int index);
+    void mnuSaveProfile_Click();
+    void mnuSaveProfileAs_Click();
+    void mnuManage_Click();
     void vsFlex_MouseDown(int index, int button);
     /// The cell under the mouse; the current cell is the grid's own.
     void vsFlex_DblClick(int index, int mouseRow, int mouseColumn);

@@ -16,6 +16,13 @@ struct FigureLabel {
     Label figure;
 };
 
+/// An item of a pop-up menu; its caption is shown as it is.
+struct MenuItem {
+    std::string caption;
+    bool checked = false;
+    bool visible = false;
+};
+
 /// Pointer codes of the control's mouse pointer.
 inline constexpr int kDefaultPointer = 0;
 inline constexpr int kHourglassPointer = 11;
@@ -64,6 +71,13 @@ public:
     Label lblStatus{"lblStatus"};
     Label lblProfile{"lblProfile"};
     Label lblCurrentProfile{"lblCurrentProfile"};
+
+    /// The menu `mnuProfileSection`: one item for each profile, then the commands.
+    std::vector<MenuItem> mnuProfile{MenuItem{}};
+    MenuItem mnuUse;
+    MenuItem mnuSaveProfile;
+    MenuItem mnuSaveProfileAs;
+    MenuItem mnuManage;
 
     /// The index of the grid that the user looks at: the summary on the first tab; on the second the
     /// hierarchy grid that the display option chooses.

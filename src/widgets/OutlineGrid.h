@@ -68,6 +68,8 @@ public:
 
     bool IsNode(int row) const { return State(row).node; }
     int Level(int row) const { return State(row).level; }
+    /// How deep a row stands that is no node: one more than the node above it.
+    void SetLevel(int row, int level);
     void MakeNode(int row, int level);
     bool IsCollapsed(int row) const { return State(row).collapsed; }
     /// Acts on node rows only.

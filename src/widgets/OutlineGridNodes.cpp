@@ -75,6 +75,12 @@ void OutlineGrid::MakeNode(int row, int level) {
     MarkChanged();
 }
 
+void OutlineGrid::SetLevel(int row, int level) {
+    State(row).level = level;
+    displayedKnown_ = false;
+    MarkChanged();
+}
+
 void OutlineGrid::SetCollapsed(int row, bool collapsed) {
     Row& state = State(row);
     if (!state.node || state.collapsed == collapsed) return;

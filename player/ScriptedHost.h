@@ -1,0 +1,74 @@
+// The host and the person of a recorded session: writes down every event, dialog and message box, makes
+// the host steps that stand ready for an event inside it, and works the dialogs by their scripts.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "player/SessionSteps.h"
+#include "profiles/frmNewProfile.h"
+#include "profiles/frmProfiles.h"
+#include "ui/CaptionSource.h"
+#include "ui/frmError.h"
+#include "webdata/HostEvents.h"
+#include "widgets/Platform.h"
+
+namespace dlv::player {
+
+/// A catalogue that gives every key back, so that a transcript speaks in keys.
+class KeysAsCaptions : public CaptionSource {
+public:
+    std::optional<std::string> Caption(std::string_view key) override { return std::string(key); }
+    std::optional<std::string> LanguageID() override { return std::nullopt; }
+};
+
+class ScriptedHost : public Platform, public HostEvents {
+public:
+    /// `makeStep` plays a host step inside an event.
+    explicit ScriptedHost(std::function<void(const Json& step)> makeStep) : makeStep_(std::move(makeStep)) {}
+
+    /// Gets ready for a step: its inline entries and its dialog scripts.
+    void Begin(const Json& step);
+    /// What was written down since `Begin`.
+    Json TakeLog();
+    void Log(Json entry) { log_.push_back(std::move(entry)); }
+
+    void SetNow(TimeOfDay now) { now_ = now; }
+    void SetSize(double width, double height) {
+        width_ = width;
+        height_ = height;
+    }
+    void SetLanguage(std::string language) { language_ = std::move(language); }
+
+    void PostRequest(const std::string& request) override;
+    void Raise(HostEvent event, const DLVParams& params) override;
+
+    TimeOfDay Now() override { return now_; }
+    LocaleTime TimeSettings() override { return {}; }
+    std::string InterfaceLanguage() override { return language_; }
+    double SurfaceWidth() override { return width_; }
+    double SurfaceHeight() override { return height_; }
+    double TextWidth(std::string_view text, bool bold) override;
+    void Flush() override {}
+    void ShowModal(ModalForm& form) override;
+    Answer ShowMessageBox(const MessageBox& box) override;
+    void ProcessPendingMessages() override {}
+
+private:
+    void Happened(const std::string& name);
+    void WorkNewProfile(frmNewProfile& form);
+    void WorkProfiles(frmProfiles& form);
+
+    std::function<void(const Json& step)> makeStep_;
+    Json log_ = Json::array();
+    Json inline_ = Json::array();
+    Json dialog_ = Json::array();
+    Json actions_ = Json::array();
+    bool confirm_ = false;
+    TimeOfDay now_ = 0;
+    double width_ = Pixels(1000);
+    double height_ = Pixels(700);
+    std::string language_ = "EN";
+};
+
+}  // namespace dlv::player

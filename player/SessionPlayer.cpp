@@ -1,0 +1,229 @@
+#include "player/SessionPlayer.h"
+
+#include <cstdio>
+
+#include "base/Number.h"
+#include "base/Text.h"
+#include "base/Trap.h"
+#include "control/ControlState.h"
+#include "player/Transcript.h"
+#include "webdata/QZWebMessage.h"
+
+namespace dlv::player {
+
+namespace {
+
+TimeOfDay ClockOf(const std::string& text) {
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    std::sscanf(text.c_str(), "%d:%d:%d", &hour, &minute, &second);
+    return hour * 3600 + minute * 60 + second;
+}
+
+/// A value as the platform converts it to a 32-bit integer: a text must be a number as a whole.
+std::int32_t ConvertedLong(const Json& value) {
+    if (value.is_number()) return ToLong(value.get<double>());
+    if (value.is_boolean()) return value.get<bool>() ? -1 : 0;
+    if (!value.is_string()) RaiseTypeMismatch();
+    const std::string text(Trim(value.get<std::string>()));
+    std::size_t used = 0;
+    double number = 0;
+    if (IgnoreErrors([&] {
+            if (text.empty() || text.find_first_not_of("+-.0123456789eE") != std::string::npos) RaiseTypeMismatch();
+            number = LeadingNumber(text);
+            used = text.size();
+        }) == Outcome::Failed ||
+        used != text.size() || text.find_first_of("0123456789") == std::string::npos)
+        RaiseTypeMismatch();
+    return ToLong(number);
+}
+
+std::string ConvertedText(const Json& value) {
+    if (value.is_string()) return value;
+    if (value.is_boolean()) return value.get<bool>() ? "True" : "False";
+    if (value.is_number()) return value.dump();
+    RaiseTypeMismatch();
+}
+
+std::shared_ptr<QZWebMessage> MessageOf(const Json& step) {
+    auto message = std::make_shared<QZWebMessage>(step.value("name", ""));
+    if (step.contains("document")) {
+        message->LoadText(step["document"]);
+        return message;
+    }
+    const Json props = step.value("props", Json::object());
+    for (const auto& property : props.items()) message->SetProperty(property.key(), property.value().get<std::string>());
+    const Json tables = step.value("tables", Json::object());
+    for (const auto& table : tables.items()) {
+        const auto target = message->Data(1)->AddTable(table.key());
+        const Json columns = table.value().value("cols", Json::array());
+        for (const Json& values : table.value().value("rows", Json::array())) {
+            const std::size_t row = target->AddRow();
+            for (std::size_t i = 0; i < columns.size() && i < values.size(); ++i)
+                target->SetField(row, columns[i].get<std::string>(), values[i].get<std::string>());
+        }
+    }
+    return message;
+}
+
+bool IsHostCall(const std::string& op) {
+    for (const char* call : {"initialize", "stopControl", "resizeControls", "setRegionalFormatInfo",
+                             "setSessionBUIDList", "receiveMessage", "receiveProfileResponse"})
+        if (op == call) return true;
+    return false;
+}
+
+}  // namespace
+
+SessionPlayer::SessionPlayer(std::optional<std::string> language)
+    : language_(std::move(language)), host_([this](const Json& step) { Make(step); }) {
+    if (language_) host_.SetLanguage(*language_);
+}
+
+SessionPlayer::~SessionPlayer() = default;
+
+Json SessionPlayer::Play(const Json& step) {
+    host_.Begin(step);
+    const bool created = step["op"] == "create";
+    if (created) {
+        viewer_ = std::make_unique<DLViewer>(host_, host_);
+        state_ = Json::object();
+    } else {
+        Make(step);
+    }
+    Json now = StateTranscript(*viewer_);
+    Json changed = Json::object();
+    for (const auto& part : now.items())
+        if (!state_.contains(part.key()) || state_[part.key()] != part.value()) changed[part.key()] = part.value();
+    state_ = std::move(now);
+    return {{"log", host_.TakeLog()}, {"changed", std::move(changed)}};
+}
+
+void SessionPlayer::Make(const Json& step) {
+    const std::string op = step["op"];
+    if (!IsHostCall(op)) {
+        if (!viewer_->Stopped()) MakeUserAction(step);
+        return;
+    }
+    if (IgnoreErrors([&] { MakeHostCall(step); }) == Outcome::Failed) host_.Log({{"comError", op}});
+}
+
+void SessionPlayer::MakeHostCall(const Json& step) {
+    const std::string op = step["op"];
+    if (op == "initialize") {
+        viewer_->Initialize(language_ ? nullptr : std::make_shared<KeysAsCaptions>());
+    } else if (op == "stopControl") {
+        viewer_->StopControl();
+    } else if (op == "resizeControls") {
+        host_.SetSize(step.contains("width") ? Pixels(step["width"].get<double>()) : host_.SurfaceWidth(),
+                      step.contains("height") ? Pixels(step["height"].get<double>()) : host_.SurfaceHeight());
+        viewer_->ResizeControls();
+    } else if (op == "setRegionalFormatInfo") {
+        viewer_->SetRegionalFormatInfo(step["language"]);
+    } else if (op == "setSessionBUIDList") {
+        viewer_->SetSessionBUIDList(step["ids"].get<std::vector<std::string>>());
+    } else if (op == "receiveMessage") {
+        ReceiveMessage(step);
+    } else {
+        const std::string result =
+            step.contains("resultXML")
+                ? step["resultXML"].get<std::string>()
+                : ResultDocument(step.contains("error") ? &step["error"] : nullptr, step.value("payload", Json("")));
+        viewer_->ReceiveProfileResponse(result, step["function"]);
+    }
+}
+
+void SessionPlayer::ReceiveMessage(const Json& step) {
+    const auto message = MessageOf(step);
+    const std::int32_t dataType = step.contains("dataType") ? ConvertedLong(step["dataType"]) : 0;
+    const std::string tag = step.contains("tag") ? ConvertedText(step["tag"]) : "";
+    host_.SetNow(ClockOf(step["now"]));
+    viewer_->ReceiveMessage({step.value("type", "QZWebMessage"), message}, dataType, tag);
+}
+
+void SessionPlayer::SelectUnits(const Json& ids) {
+    ListView& list = viewer_->Controls().lvBU;
+    for (std::size_t i = 0; i < list.Items().size(); ++i) {
+        const std::string id(SkipCharacters(list.Items()[i].key, 1));
+        list.SetSelected(i, std::find(ids.begin(), ids.end(), Json(id)) != ids.end());
+    }
+}
+
+void SessionPlayer::SetNode(const Json& step, bool collapsed) {
+    const int index = step["grid"];
+    if (index < 0 || index > 2) return;
+    OutlineGrid& grid = viewer_->Controls().vsFlex[index];
+    int row = step.value("row", OutlineGrid::kNoRow);
+    if (step.contains("data")) {
+        const std::string data = step["data"];
+        row = index == 0 && data == "TOTAL" ? grid.FixedRows() : grid.FindRow(data);
+    }
+    if (row >= grid.FixedRows() && row < grid.Rows()) grid.SetCollapsed(row, collapsed);
+}
+
+// Makes the step's cell the current one; false when the grid has no such cell.
+bool SessionPlayer::GoTo(const Json& step) {
+    const int index = step["grid"];
+    if (index < 0 || index > 2) return false;
+    OutlineGrid& grid = viewer_->Controls().vsFlex[index];
+    const int row = step["row"];
+    const int column = step["col"];
+    if (row < 0 || row >= grid.Rows() || column < 0 || column >= grid.Columns()) return false;
+    grid.SetCurrentCell(row, column);
+    return true;
+}
+
+void SessionPlayer::MakeUserAction(const Json& step) {
+    const std::string op = step["op"];
+    ViewerForm& form = viewer_->Controls();
+    const int index = step.value("index", -1);
+    const bool either = index == 0 || index == 1;
+    if (op == "select") {
+        SelectUnits(step["ids"]);
+    } else if (op == "optBU" && either) {
+        form.optBU.Select(index);
+    } else if (op == "optDisplay" && either) {
+        form.optDisplay.Select(index);
+        viewer_->optDisplay_Click(index);
+    } else if (op == "tab" && either) {
+        form.Tabs.SelectTab(index + 1);
+        viewer_->Tabs_Click();
+    } else if (op == "view") {
+        if (form.cmdView.Enabled()) viewer_->cmdView_Click();
+    } else if (op == "collapse" || op == "expand") {
+        SetNode(step, op == "collapse");
+    } else if (op == "dblclick") {
+        if (!GoTo(step)) return;
+        viewer_->vsFlex_MouseDown(step["grid"], step.value("button", 1));
+        viewer_->vsFlex_DblClick(step["grid"], step.value("mouseRow", step["row"].get<int>()),
+                                 step.value("mouseCol", step["col"].get<int>()));
+    } else if (op == "enter") {
+        constexpr int kEnterKey = 13;
+        if (GoTo(step)) viewer_->vsFlex_KeyDown(step["grid"], kEnterKey, step.value("shift", false));
+    } else if (op == "techCount") {
+        viewer_->lblTechCount_Click();
+    } else if (op == "profilesMenu") {
+        viewer_->tbMain_ButtonClick("Profiles");
+    } else if (op == "menuProfile") {
+        viewer_->mnuProfile_Click(index);
+    } else if (op == "menuSave") {
+        viewer_->mnuSaveProfile_Click();
+    } else if (op == "menuSaveAs") {
+        viewer_->mnuSaveProfileAs_Click();
+    } else if (op == "menuManage") {
+        viewer_->mnuManage_Click();
+    }
+}
+
+std::string PlaySession(const Json& steps, const std::optional<std::string>& language) {
+    SessionPlayer player(language);
+    std::string text = "[";
+    for (const Json& step : steps) {
+        if (text.size() > 1) text += ",\n ";
+        text += player.Play(step).dump(-1, ' ', false, Json::error_handler_t::replace);
+    }
+    return text + "]\n";
+}
+
+}  // namespace dlv::player

@@ -1,0 +1,42 @@
+// Plays a recorded session on a control without any window, and writes its transcript: what happened
+// in each step and what of the state it changed.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "control/DLViewer.h"
+#include "player/ScriptedHost.h"
+#include "player/SessionSteps.h"
+
+namespace dlv::player {
+
+class SessionPlayer {
+public:
+    /// With a language, captions are the control's own in that language; else keys.
+    explicit SessionPlayer(std::optional<std::string> language);
+    ~SessionPlayer();
+
+    /// The transcript entry of one step, which has passed the check of `ReadSteps`.
+    Json Play(const Json& step);
+
+private:
+    void Make(const Json& step);
+    void MakeHostCall(const Json& step);
+    void MakeUserAction(const Json& step);
+    void ReceiveMessage(const Json& step);
+    void SelectUnits(const Json& ids);
+    void SetNode(const Json& step, bool collapsed);
+    bool GoTo(const Json& step);
+
+    std::optional<std::string> language_;
+    ScriptedHost host_;
+    std::unique_ptr<DLViewer> viewer_;
+    Json state_;
+};
+
+/// The whole transcript of a session, one step a line.
+std::string PlaySession(const Json& steps, const std::optional<std::string>& language);
+
+}  // namespace dlv::player

@@ -1,0 +1,131 @@
+// The model of one data refresh: business units in the order of their first appearance, each with its
+// job types and their job classes in order of appearance, and with its totals. Keys are compared
+// without regard to letter case; the first row of a unit, type or class wins. All records of all
+// units lie in flat arrays that keep their memory from one refresh to the next.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Trap.h"
+#include "model/CodeTable.h"
+#include "model/JobClass.h"
+#include "webdata/RowTable.h"
+
+namespace dlv {
+
+struct BusinessUnit {
+    std::string BUID;
+    std::string BUDesc;
+    std::int32_t TechCount = 0;
+    std::int32_t HoursWorked = 0;
+    std::int32_t HoursRemaining = 0;
+    float WOsPerHour = 0;
+    float WOsPerHrReq = 0;
+    float PtsPerHour = 0;
+    float PtsPerHrReq = 0;
+    /// 1-based position of its first row in the general table.
+    std::int32_t BUIndex = 0;
+    Counters GrandTotals{};
+
+    std::uint32_t firstType = kNoRecord;
+    std::uint32_t lastType = kNoRecord;
+    std::uint32_t firstTotal = 0;
+    std::uint32_t totalCount = 0;
+
+    std::int32_t GetGrandTotal(int index) const { return CounterAt(GrandTotals, index); }
+};
+
+class BusinessUnits {
+public:
+    std::size_t Count() const { return units_.size(); }
+    auto begin() const { return units_.begin(); }
+    auto end() const { return units_.end(); }
+    /// The unit of that id, or nothing. Holds until the collection changes.
+    const BusinessUnit* Item(std::string_view id) const;
+    /// The unit whose first general row stood at that position, or nothing.
+    const BusinessUnit* BUItem(std::int32_t index) const;
+
+    /// Adds a unit; error 457 when its id is there already.
+    void Add(BusinessUnit unit);
+    /// Takes a detail row into the unit of that id: its job type and job class are made on first
+    /// sight, and a class that the type has already is left as it is. `read` gives the row's code
+    /// texts and counters in turn, each when it is needed. Rows of unknown units are passed over.
+    template <class Reader>
+    void AddDetail(std::string_view id, Reader& read);
+
+    /// Totals and rates of one unit, once after loading. A failure is reported by the trap.
+    void CalcTotal(std::size_t unit, const Trap& trap);
+
+    const std::string& JobTypeText(std::uint32_t code) const { return typeCodes_.Text(code); }
+    const std::string& JobClassText(std::uint32_t code) const { return classCodes_.Text(code); }
+    std::size_t JobClassCodes() const { return classCodes_.Count(); }
+
+    /// Calls `visit(JobType, JobClass)` for every class of every real type, in order.
+    template <class Visitor>
+    void ForEachClass(const BusinessUnit& unit, Visitor&& visit) const {
+        for (std::uint32_t t = unit.firstType; t != kNoRecord; t = types_[t].next)
+            for (std::uint32_t c = types_[t].firstClass; c != kNoRecord; c = classes_[c].next)
+                visit(types_[t], classes_[c]);
+    }
+    /// The job classes of the synthetic job type "TOTAL".
+    std::span<const JobClass> TotalClasses(const BusinessUnit& unit) const {
+        return {totals_.data() + unit.firstTotal, unit.totalCount};
+    }
+
+    /// Empties the collection and keeps its memory.
+    void Clear();
+
+private:
+    std::uint32_t UnitNumber(std::string_view id) const;
+    std::uint32_t TypeOf(std::uint32_t unit, std::uint32_t code);
+    bool HasClass(std::uint32_t type, std::uint32_t code);
+    void AddClass(std::uint32_t type, std::uint32_t code, const Counters& counters);
+    void MakeTotalClasses(BusinessUnit& unit);
+    bool SumQuickly(const BusinessUnit& unit);
+    void SumStepByStep(BusinessUnit& unit);
+
+    std::vector<BusinessUnit> units_;
+    std::vector<JobType> types_;
+    std::vector<JobClass> classes_;
+    std::vector<JobClass> totals_;
+    CodeTable typeCodes_;
+    CodeTable classCodes_;
+    TextTable unitsByFold_;
+    mutable TextTable unitsBySpelling_;
+    PairTable typesByUnit_;
+    PairTable classesByType_;
+    std::vector<std::uint32_t> totalOfFold_;  // the total class of each class fold, for one unit
+    std::size_t placesFrom_ = 0;              // the first total class that has its place there
+
+    // What the row before led to: rows mostly come in runs of one unit and one type.
+    std::string lastId_;
+    std::uint32_t lastUnit_ = kNoRecord;
+    std::string lastTypeText_;
+    std::uint32_t lastTypeCode_ = kNoRecord;
+};
+
+template <class Reader>
+void BusinessUnits::AddDetail(std::string_view id, Reader& read) {
+    if (lastUnit_ == kNoRecord || id != lastId_) {
+        lastUnit_ = UnitNumber(id);
+        lastId_ = id;
+        if (lastUnit_ == kNoRecord) return;
+    }
+    const std::uint32_t unit = lastUnit_;
+    const std::string_view typeText = read.JobType();
+    if (lastTypeCode_ == kNoRecord || typeText != lastTypeText_) {
+        lastTypeCode_ = typeCodes_.NumberOf(typeText);
+        lastTypeText_ = typeText;
+    }
+    const std::uint32_t type = TypeOf(unit, lastTypeCode_);
+    const std::uint32_t code = classCodes_.NumberOf(read.JobClass());
+    if (HasClass(type, code)) return;
+    Counters counters;
+    read.Counters(counters);
+    AddClass(type, code, counters);
+}
+
+}  // namespace dlv

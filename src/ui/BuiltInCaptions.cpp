@@ -1,0 +1,107 @@
+#include "ui/BuiltInCaptions.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace dlv {
+
+namespace {
+
+/// One caption in all languages; an empty text is one that the language does not have yet.
+struct Row {
+    std::string_view key;
+    std::string_view english;
+    std::string_view portuguese;
+    std::string_view spanish;
+};
+
+constexpr Row kRows[] = {
+    {"AboutDLV", "About Dashlon Viewer", "Sobre o Dashlon Viewer", "Acerca de Dashlon Viewer"},
+    {"BUHierarchy", "Business Unit Hierarchy", "Hierarquia de Unidades de Negócios",
+     "Jerarquía de Unidades de Negocio"},
+    {"BUSummary", "Business Unit Summary", "Resumo de Unidades de Negócios", "Resumen de Unidades de Negocio"},
+    {"BusinessUnits", "Business Units", "Unidades de Negócios", "Unidades de Negocio"},
+    {"Canceled", "Canceled", "Canceladas", "Canceladas"},
+    {"Completed", "Completed", "Concluídas", "Completadas"},
+    {"CurrentProductivity", "Current", "Atual", "Actual"},
+    {"CurrentProfile", "Current profile", "Perfil atual", "Perfil actual"},
+    {"DisplayBy", "Display by", "Exibir por", "Mostrar por"},
+    {"HoursCompleted", "Hours Completed", "Horas Concluídas", "Horas Completadas"},
+    {"HoursRemaining", "Hours Remaining", "Horas Restantes", "Horas Restantes"},
+    {"HoursWorked", "Hours Worked", "Horas Trabalhadas", "Horas Trabajadas"},
+    {"Jeopardy", "Jeopardy", "Em Risco", "En Riesgo"},
+    {"JobTypesAndJobClasses", "Job Types and Classes", "Tipos e Classes", "Tipos y Clases"},
+    {"LastRefreshTime", "Last refresh time", "Última atualização", "Última actualización"},
+    {"Late", "Late", "Atrasadas", "Atrasadas"},
+    {"ManageProfiles", "Manage Profiles", "Gerenciar Perfis", "Administrar Perfiles"},
+    {"NextRefreshTime", "Next refresh time", "Próxima atualização", "Próxima actualización"},
+    {"NotDone", "Not Done", "Não Realizadas", "No Realizadas"},
+    {"Open", "Open", "Abertas", "Abiertas"},
+    {"Points", "Points", "Pontos", "Puntos"},
+    {"PointsDone", "Points Done", "Pontos Feitos", "Puntos Hechos"},
+    {"PointsOpen", "Points Open", "Pontos Abertos", "Puntos Abiertos"},
+    {"PrintGrid", "Print", "Imprimir", "Imprimir"},
+    {"Productivity", "Productivity", "Produtividade", "Productividad"},
+    {"ProductivityPerTech", "Productivity per Tech", "Produtividade por Técnico", "Productividad por Técnico"},
+    {"Profiles", "Profiles", "Perfis", "Perfiles"},
+    {"PtsPerHour", "Points per Hour", "Pontos por Hora", "Puntos por Hora"},
+    {"RequiredProductivity", "Required", "Necessária", "Requerida"},
+    {"SaveCurrentProfile", "Save Current Profile", "Salvar Perfil Atual", "Guardar Perfil Actual"},
+    {"SaveCurrentProfileAs", "Save Current Profile As", "Salvar Perfil Atual Como",
+     "Guardar Perfil Actual Como"},
+    {"SaveGrid", "Save", "Salvar", "Guardar"},
+    {"SelectionCriteria", "Selection Criteria", "Critérios de Seleção", "Criterios de Selección"},
+    {"ShowAggregateSummary", "Show aggregate summary", "Mostrar resumo agregado", "Mostrar resumen agregado"},
+    {"ShowSummary", "Show summary", "Mostrar resumo", "Mostrar resumen"},
+    {"TechCount", "Technicians", "Técnicos", "Técnicos"},
+    {"Total", "Total", "Total", "Total"},
+    {"UseProfile", "Use Profile", "Usar Perfil", "Usar Perfil"},
+    {"View", "View", "Exibir", "Ver"},
+    {"ViewTechCount", "View the technicians", "Ver os técnicos", "Ver los técnicos"},
+    {"WODone", "Work Orders Done", "Ordens Feitas", "Órdenes Hechas"},
+    {"WOOpen", "Work Orders Open", "Ordens Abertas", "Órdenes Abiertas"},
+    {"WOsPerHour", "Work Orders per Hour", "Ordens por Hora", "Órdenes por Hora"},
+    {"Warning", "Warning", "Alerta", "Alerta"},
+    {"WorkOrders", "Work Orders", "Ordens de Serviço", "Órdenes de Trabajo"},
+    {"fraError-Label1", "Dashlon Viewer has experienced the following problem:",
+     "O Dashlon Viewer encontrou o seguinte problema:", "Dashlon Viewer ha tenido el siguiente problema:"},
+    {"fraError-Label2", "Error:", "Erro:", "Error:"},
+    {"fraError-Label3", "Description:", "Descrição:", "Descripción:"},
+    {"fraError-Label4", "Function:", "Função:", "Función:"},
+    {"fraError-Label5",
+     "If you continue to experience problems with Dashlon Viewer, please reload the application. If "
+     "problems persist, contact your system administrator.",
+     "Se os problemas com o Dashlon Viewer continuarem, recarregue o aplicativo. Se persistirem, entre em "
+     "contato com o administrador do sistema.",
+     "Si los problemas con Dashlon Viewer continúan, vuelva a cargar la aplicación. Si persisten, póngase en "
+     "contacto con el administrador del sistema."},
+    {"fraError-cmdCont", "Continue", "Continuar", "Continuar"},
+    {"frmError-Caption", "An Error Has Occurred", "Ocorreu um Erro", "Se ha Producido un Error"},
+    {"msg-DLVServerDown", "The data server has stopped. The figures shown are the last ones received.",
+     "O servidor de dados parou. Os valores exibidos são os últimos recebidos.",
+     "El servidor de datos se detuvo. Las cifras mostradas son las últimas recibidas."},
+    {"msg-WaitingforDLVData", "Waiting for data ...", "Aguardando dados ...", "Esperando datos ..."},
+};
+
+static_assert(std::ranges::is_sorted(kRows, {}, &Row::key), "captions are found by their order");
+
+constexpr std::string_view Row::*LanguageColumn(std::string_view language) {
+    if (language == "EN") return &Row::english;
+    if (language == "PO") return &Row::portuguese;
+    if (language == "SP") return &Row::spanish;
+    return nullptr;
+}
+
+}  // namespace
+
+bool HasBuiltInLanguage(std::string_view language) { return LanguageColumn(language) != nullptr; }
+
+std::optional<std::string_view> BuiltInCaption(std::string_view language, std::string_view key) {
+    const auto column = LanguageColumn(language);
+    const Row* row = std::ranges::lower_bound(kRows, key, {}, &Row::key);
+    if (column == nullptr || row == std::end(kRows) || row->key != key || (row->*column).empty())
+        return std::nullopt;
+    return row->*column;
+}
+
+}  // namespace dlv

@@ -1,0 +1,21 @@
+#include "ui/CaptionCatalogue.h"
+
+#include "ui/BuiltInCaptions.h"
+
+namespace dlv {
+
+void CaptionCatalogue::Attach(std::shared_ptr<CaptionSource> source, const std::string& userLanguage) {
+    source_ = std::move(source);
+    const auto own = source_ ? source_->LanguageID() : std::nullopt;
+    language_ = own && HasBuiltInLanguage(*own) ? *own : userLanguage;
+}
+
+std::string CaptionCatalogue::Caption(std::string_view key) const {
+    if (source_)
+        if (auto text = source_->Caption(key)) return *text;
+    if (const auto text = BuiltInCaption(language_, key)) return std::string(*text);
+    if (const auto text = BuiltInCaption("EN", key)) return std::string(*text);
+    return std::string(key);
+}
+
+}  // namespace dlv

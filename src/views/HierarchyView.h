@@ -1,0 +1,54 @@
+// The hierarchy view: every unit under its parent unit as an outline tree, in one grid for work orders
+// and one for points. The rows of chosen units show sums over the unit and everything below it; the
+// others are empty and grey.
+#pragma once
+
+#include <memory>
+
+#include "model/cDLVController.h"
+#include "ui/CaptionCatalogue.h"
+#include "views/CollapsedNodes.h"
+#include "views/ViewerForm.h"
+#include "widgets/OutlineTree.h"
+
+namespace dlv {
+
+class HierarchyView {
+public:
+    HierarchyView(ViewerForm& form, cDLVController& controller, const CaptionCatalogue& captions,
+                  CollapsedNodes& collapsed, const Trap& trap)
+        : form_(form), controller_(controller), captions_(captions), collapsed_(collapsed), trap_(trap) {}
+
+    /// Lays out the empty grid of that index, 1 or 2.
+    void InitBUHierarchyGrid(int index);
+
+    /// Rebuilds the tree in both grids and fills in the figures of the chosen units. Errors rise.
+    void Fill(const BusinessUnits& model, const Dictionary& chosen);
+
+    /// Fills in the figures anew when other units are chosen than for the last figures; the tree and
+    /// its collapsed nodes stay.
+    void UpdateFigures(const BusinessUnits& model, const Dictionary& chosen);
+
+    /// Whether a fill has reached its end.
+    bool Filled() const { return filled_; }
+
+private:
+    struct Unit;
+
+    std::vector<Unit> Units() const;
+    std::vector<OutlineTree::Place> BuildTree(const std::vector<Unit>& units, const BusinessUnits& model) const;
+    void ShowTree(OutlineGrid& grid, const std::vector<OutlineTree::Place>& places,
+                  const std::vector<Unit>& units) const;
+    void FillFigures(const BusinessUnits& model, const Dictionary& chosen);
+    void FillRow(int row, const UnitFigures& figures);
+
+    ViewerForm& form_;
+    cDLVController& controller_;
+    const CaptionCatalogue& captions_;
+    CollapsedNodes& collapsed_;
+    const Trap& trap_;
+    std::string lastChosen_;
+    bool filled_ = false;
+};
+
+}  // namespace dlv

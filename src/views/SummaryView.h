@@ -1,0 +1,68 @@
+// The summary view: one row for each job type and job class, summed over the chosen units, under a
+// group row for each job type; a grand total on top with the classes summed over all types below it;
+// and the figures of the productivity panel.
+#pragma once
+
+#include <memory>
+
+#include "model/cDLVController.h"
+#include "ui/CaptionCatalogue.h"
+#include "views/CollapsedNodes.h"
+#include "views/SummaryRows.h"
+#include "views/ViewerForm.h"
+
+namespace dlv {
+
+class SummaryView {
+public:
+    SummaryView(ViewerForm& form, cDLVController& controller, const CaptionCatalogue& captions,
+                CollapsedNodes& collapsed, const Trap& trap)
+        : form_(form), controller_(controller), captions_(captions), collapsed_(collapsed), trap_(trap) {}
+
+    /// Lays out the empty grid.
+    void InitSingleBUGrid();
+
+    /// Refills grid and panel from the model and the current choice. Errors rise to the caller.
+    void ShowBUs(const BusinessUnits& model);
+
+    /// The ids that the user chose when the summary was last filled.
+    const Dictionary& CurrentSelection() const { return selection_; }
+    /// The ids that were summed then: the chosen ones, or with all their descendants.
+    const Dictionary& SummedUnits() const { return summed_; }
+    /// The unit option in force then: 0 the chosen units themselves, 1 their aggregate.
+    int LastMode() const { return lastMode_; }
+
+    bool GridFilled() const { return gridFilled_; }
+    void SetGridFilled() { gridFilled_ = true; }
+
+private:
+    void TakeSelection();
+    void ResetSummary();
+    void SumPanel(const BusinessUnits& model);
+    void AddClassRows(const BusinessUnits& model);
+    void ShowEmptyTotal();
+    void GroupByJobType();
+    void AddTotals(const BusinessUnits& model);
+    void AddClassTotals(const BusinessUnits& model);
+    void SortClassTotals(const BusinessUnits& model);
+    void CleanUp();
+    int GetMaxClassCnt(const BusinessUnits& model) const;
+    void WriteRow(int row, const SummaryRow& summary, const std::string& typeText,
+                  const std::string& classText);
+    template <class Visitor>
+    void ForEachSummedUnit(const BusinessUnits& model, Visitor&& visit) const;
+
+    OutlineGrid& Grid() { return form_.vsFlex[0]; }
+
+    ViewerForm& form_;
+    cDLVController& controller_;
+    const CaptionCatalogue& captions_;
+    CollapsedNodes& collapsed_;
+    const Trap& trap_;
+    Dictionary selection_;
+    Dictionary summed_;
+    int lastMode_ = 0;
+    bool gridFilled_ = false;
+};
+
+}  // namespace dlv

@@ -1,0 +1,61 @@
+// The control's outer window and everything in it: it mirrors the form's state into windows and turns what a
+// person does into calls of the control's handlers. One object serves one activation; it outlives its window,
+// and is to be kept until no entry into the control is under way.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+#include "windows/com/WindowHost.h"
+#include "windows/gdi/Fonts.h"
+
+namespace dlv {
+
+/// From which side Tab brings the focus into the control.
+enum class FocusFrom { Before, Behind, Anywhere };
+enum class Shown { Hidden, Visible };
+
+class ControlWindow {
+public:
+    /// `font` is the container's ambient font, or the default.
+    explicit ControlWindow(WindowHost& host, const FontChoice& font = DefaultFont());
+    ~ControlWindow();
+    ControlWindow(const ControlWindow&) = delete;
+    ControlWindow& operator=(const ControlWindow&) = delete;
+
+    // Called from inside an entry. Each throws ComError when Windows fails it.
+
+    /// Makes the windows, hidden; `place` in the parent's client pixels.
+    void Create(HWND parent, const RECT& place);
+    /// Moving to another size runs the control's own resize handler.
+    void Move(const RECT& place);
+    void Show(Shown shown);
+    /// Ends the windows. Nothing happens when they are gone already.
+    void Destroy();
+    /// Brings the windows up to date with the form's state, in one go.
+    void Flush();
+
+    /// The outer window; null before Create and after its end.
+    HWND Handle() const;
+    bool HasFocus() const;
+    /// Gives the focus to the control that had it last or to the first or last that takes it.
+    void TakeFocus(FocusFrom from);
+    /// For IOleInPlaceActiveObject::TranslateAccelerator. True when the control has used the key up; Tab at
+    /// either end of the control is left to the container.
+    bool TranslateKey(const MSG& message);
+
+    /// Inner size in twips; 0 without a window.
+    double SurfaceWidth() const;
+    double SurfaceHeight() const;
+    int Dpi() const;
+    /// Overrides the window's own resolution (tests).
+    void SetDpi(int dpi);
+    void SetFont(const FontChoice& font);
+
+private:
+    class Surface;
+    std::unique_ptr<Surface> surface_;
+};
+
+}  // namespace dlv

@@ -43,6 +43,16 @@ Outcome Trap::RunReplacing(std::string_view location,
 
 Outcome IgnoreErrors(BodyRef statement) { return Failure(statement) ? Outcome::Failed : Outcome::Done; }
 
+void Finally(BodyRef body, BodyRef after) {
+    try {
+        body();
+    } catch (...) {
+        after();
+        throw;
+    }
+    after();
+}
+
 Ending RunUntilStopped(BodyRef body) {
     try {
         body();

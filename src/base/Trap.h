@@ -63,6 +63,9 @@ void IgnoreAndGoOn(Statements&&... statements) {
     (IgnoreErrors(statements), ...);
 }
 
+/// Runs the body and then `after`, which also runs when the body failed; the failure then goes on.
+void Finally(BodyRef body, BodyRef after);
+
 enum class Ending { Normal, Stopped };
 
 /// Runs the body of an entry into the control; says whether a stop cut it short. Errors pass.

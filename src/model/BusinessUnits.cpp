@@ -40,19 +40,23 @@ void BusinessUnits::Add(BusinessUnit unit) {
     if (unitsByFold_.Insert(FoldCase(unit.BUID), number) != number) RaiseDuplicateKey();
     unitsBySpelling_.Insert(unit.BUID, number);
     units_.push_back(std::move(unit));
+    nearTypes_.emplace_back().fill(kNoRecord);
     lastUnit_ = kNoRecord;
 }
 
 std::uint32_t BusinessUnits::TypeOf(std::uint32_t unit, std::uint32_t code) {
-    BusinessUnit& owner = units_[unit];
-    if (owner.lastType != kNoRecord && types_[owner.lastType].code == code) return owner.lastType;
-    const std::uint32_t number = Next(types_.size());
-    const std::uint32_t type = typesByUnit_.Insert(unit, typeCodes_.Fold(code), number);
-    if (type != number) return type;
-    types_.push_back({code});
-    (owner.lastType == kNoRecord ? owner.firstType : types_[owner.lastType].next) = number;
-    owner.lastType = number;
-    return number;
+    const std::uint32_t fold = typeCodes_.Fold(code);
+    const std::uint32_t next = Next(types_.size());
+    std::uint32_t type = next;
+    if (fold < kNearTypes) {
+        std::uint32_t& near = nearTypes_[unit][fold];
+        if (near == kNoRecord) near = next;
+        type = near;
+    } else {
+        type = farTypes_.Insert(unit, fold, next);
+    }
+    if (type == next) types_.push_back({code, unit});
+    return type;
 }
 
 bool BusinessUnits::HasClass(std::uint32_t type, std::uint32_t code) {
@@ -62,16 +66,54 @@ bool BusinessUnits::HasClass(std::uint32_t type, std::uint32_t code) {
 }
 
 void BusinessUnits::AddClass(std::uint32_t type, std::uint32_t code, const Counters& counters) {
-    const std::uint32_t number = Next(classes_.size());
     const std::uint32_t fold = classCodes_.Fold(code);
     JobType& owner = types_[type];
     if (fold < kFoldBits)
         owner.classBits |= std::uint64_t{1} << fold;
     else
-        classesByType_.Insert(type, fold, number);
-    classes_.push_back({code, kNoRecord, counters});
-    (owner.lastClass == kNoRecord ? owner.firstClass : classes_[owner.lastClass].next) = number;
-    owner.lastClass = number;
+        classesByType_.Insert(type, fold, Next(classes_.size()));
+    ++owner.classCount;
+    classes_.push_back({code, type, counters});
+}
+
+void BusinessUnits::BringIntoOrder() {
+    OrderTypes();
+    OrderClasses();
+}
+
+// Types stand as they were first seen; a stable distribution brings those of each unit together.
+void BusinessUnits::OrderTypes() {
+    for (const JobType& type : types_) ++units_[type.unit].typeCount;
+    std::uint32_t first = 0;
+    for (BusinessUnit& unit : units_) {
+        unit.firstType = first;
+        first += unit.typeCount;
+    }
+    if (std::ranges::is_sorted(types_, {}, &JobType::unit)) return;
+    std::vector<std::uint32_t> next(units_.size());
+    for (std::size_t unit = 0; unit < units_.size(); ++unit) next[unit] = units_[unit].firstType;
+    std::vector<JobType> ordered(types_.size());
+    std::vector<std::uint32_t> moved(types_.size());
+    for (std::size_t type = 0; type < types_.size(); ++type) {
+        moved[type] = next[types_[type].unit]++;
+        ordered[moved[type]] = types_[type];
+    }
+    types_ = std::move(ordered);
+    for (JobClass& jobClass : classes_) jobClass.type = moved[jobClass.type];
+}
+
+void BusinessUnits::OrderClasses() {
+    std::uint32_t first = 0;
+    for (JobType& type : types_) {
+        type.firstClass = first;
+        first += type.classCount;
+    }
+    if (std::ranges::is_sorted(classes_, {}, &JobClass::type)) return;
+    std::vector<std::uint32_t> next(types_.size());
+    for (std::size_t type = 0; type < types_.size(); ++type) next[type] = types_[type].firstClass;
+    std::vector<JobClass> ordered(classes_.size());
+    for (const JobClass& jobClass : classes_) ordered[next[jobClass.type]++] = jobClass;
+    classes_ = std::move(ordered);
 }
 
 void BusinessUnits::MakeTotalClasses(BusinessUnit& unit) {
@@ -85,7 +127,7 @@ void BusinessUnits::MakeTotalClasses(BusinessUnit& unit) {
         std::uint32_t& place = totalOfFold_[classCodes_.Fold(jobClass.code)];
         if (place != kNoRecord) return;
         place = Next(totals_.size());
-        totals_.push_back({jobClass.code});
+        totals_.push_back({jobClass.code, kNoRecord});
     });
     unit.totalCount = Next(totals_.size()) - unit.firstTotal;
 }
@@ -113,15 +155,15 @@ bool BusinessUnits::SumQuickly(const BusinessUnit& unit) {
 
 void BusinessUnits::SumStepByStep(BusinessUnit& unit) {
     std::vector<Counters> sums(unit.totalCount, Counters{});
-    for (std::uint32_t t = unit.firstType; t != kNoRecord; t = types_[t].next) {
+    for (const JobType& type : Types(unit)) {
         for (std::size_t s = 0; s < kCounterCount; ++s) {
-            for (std::uint32_t c = types_[t].firstClass; c != kNoRecord; c = classes_[c].next) {
-                const std::uint32_t place = totalOfFold_[classCodes_.Fold(classes_[c].code)];
+            for (const JobClass& jobClass : Classes(type)) {
+                const std::uint32_t place = totalOfFold_[classCodes_.Fold(jobClass.code)];
                 // Positions are kept by exact code: a second spelling has none.
-                if (totals_[place].code != classes_[c].code) RaiseSubscript();
+                if (totals_[place].code != jobClass.code) RaiseSubscript();
                 std::int32_t& sum = sums[place - unit.firstTotal][s];
-                sum = AddChecked(sum, classes_[c].counters[s]);
-                unit.GrandTotals[s] = AddChecked(unit.GrandTotals[s], classes_[c].counters[s]);
+                sum = AddChecked(sum, jobClass.counters[s]);
+                unit.GrandTotals[s] = AddChecked(unit.GrandTotals[s], jobClass.counters[s]);
             }
         }
     }
@@ -155,7 +197,8 @@ void BusinessUnits::Clear() {
     classCodes_.Clear();
     unitsByFold_.Clear();
     unitsBySpelling_.Clear();
-    typesByUnit_.Clear();
+    nearTypes_.clear();
+    farTypes_.Clear();
     classesByType_.Clear();
     totalOfFold_.clear();
     placesFrom_ = 0;

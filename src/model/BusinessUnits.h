@@ -4,6 +4,7 @@
 // units lie in flat arrays that keep their memory from one refresh to the next.
 #pragma once
 
+#include <array>
 #include <span>
 #include <string>
 #include <string_view>
@@ -30,8 +31,8 @@ struct BusinessUnit {
     std::int32_t BUIndex = 0;
     Counters GrandTotals{};
 
-    std::uint32_t firstType = kNoRecord;
-    std::uint32_t lastType = kNoRecord;
+    std::uint32_t firstType = 0;
+    std::uint32_t typeCount = 0;
     std::uint32_t firstTotal = 0;
     std::uint32_t totalCount = 0;
 
@@ -56,6 +57,10 @@ public:
     template <class Reader>
     void AddDetail(std::string_view id, Reader& read);
 
+    /// Brings types and classes, which were taken in row by row, into the order of their units. To be
+    /// called when the last row was taken in, however the loading ended.
+    void BringIntoOrder();
+
     /// Totals and rates of one unit, once after loading. A failure is reported by the trap.
     void CalcTotal(std::size_t unit, const Trap& trap);
 
@@ -66,9 +71,15 @@ public:
     /// Calls `visit(JobType, JobClass)` for every class of every real type, in order.
     template <class Visitor>
     void ForEachClass(const BusinessUnit& unit, Visitor&& visit) const {
-        for (std::uint32_t t = unit.firstType; t != kNoRecord; t = types_[t].next)
-            for (std::uint32_t c = types_[t].firstClass; c != kNoRecord; c = classes_[c].next)
-                visit(types_[t], classes_[c]);
+        for (const JobType& type : Types(unit))
+            for (const JobClass& jobClass : Classes(type)) visit(type, jobClass);
+    }
+    /// The real job types of a unit, in order. Rows must have been brought into order.
+    std::span<const JobType> Types(const BusinessUnit& unit) const {
+        return {types_.data() + unit.firstType, unit.typeCount};
+    }
+    std::span<const JobClass> Classes(const JobType& type) const {
+        return {classes_.data() + type.firstClass, type.classCount};
     }
     /// The job classes of the synthetic job type "TOTAL".
     std::span<const JobClass> TotalClasses(const BusinessUnit& unit) const {
@@ -79,7 +90,12 @@ public:
     void Clear();
 
 private:
+    /// Type folds below this are found without a look-up.
+    static constexpr std::size_t kNearTypes = 8;
+
     std::uint32_t UnitNumber(std::string_view id) const;
+    void OrderTypes();
+    void OrderClasses();
     std::uint32_t TypeOf(std::uint32_t unit, std::uint32_t code);
     bool HasClass(std::uint32_t type, std::uint32_t code);
     void AddClass(std::uint32_t type, std::uint32_t code, const Counters& counters);
@@ -95,7 +111,8 @@ private:
     CodeTable classCodes_;
     TextTable unitsByFold_;
     mutable TextTable unitsBySpelling_;
-    PairTable typesByUnit_;
+    std::vector<std::array<std::uint32_t, kNearTypes>> nearTypes_;  // by unit and type fold
+    PairTable farTypes_;
     PairTable classesByType_;
     std::vector<std::uint32_t> totalOfFold_;  // the total class of each class fold, for one unit
     std::size_t placesFrom_ = 0;              // the first total class that has its place there

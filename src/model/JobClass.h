@@ -26,12 +26,12 @@ inline std::int32_t CounterAt(const Counters& counters, int index) {
     return counters[static_cast<std::size_t>(index)];
 }
 
-/// Where a chain of records ends.
+/// No record.
 inline constexpr std::uint32_t kNoRecord = UINT32_MAX;
 
 struct JobClass {
     std::uint32_t code;  // number in the model's job-class codes
-    std::uint32_t next = kNoRecord;
+    std::uint32_t type;  // the job type that it belongs to
     Counters counters{};
 
     std::int32_t GetJobDetails(int index) const { return CounterAt(counters, index); }
@@ -39,9 +39,9 @@ struct JobClass {
 
 struct JobType {
     std::uint32_t code;  // number in the model's job-type codes
-    std::uint32_t next = kNoRecord;
-    std::uint32_t firstClass = kNoRecord;
-    std::uint32_t lastClass = kNoRecord;
+    std::uint32_t unit;  // the unit that it belongs to
+    std::uint32_t firstClass = 0;
+    std::uint32_t classCount = 0;
     /// Which of the first 64 class folds it has.
     std::uint64_t classBits = 0;
 };

@@ -86,7 +86,7 @@ Outcome cDLVController::LoadBUData(const RowTable& general, const RowTable& deta
             units_ = std::make_shared<BusinessUnits>();
         const auto model = units_;
         LoadUnits(general, *model);
-        LoadDetails(details, *model);
+        Finally([&] { LoadDetails(details, *model); }, [&] { model->BringIntoOrder(); });
         for (std::size_t unit = 0; unit < model->Count(); ++unit) model->CalcTotal(unit, trap_);
     });
 }

@@ -29,11 +29,17 @@ public:
     const std::vector<SummaryRow>& All() const { return rows_; }
 
 private:
-    void Add(const std::string& typeText, std::uint32_t type, const BusinessUnits& model,
-             const JobClass& jobClass);
+    /// Pairs of codes below this are found in a flat table; codes count up from 0.
+    static constexpr std::uint32_t kNearCodes = 64;
+
+    SummaryRow& RowOf(const std::string& typeText, std::uint32_t type, const BusinessUnits& model,
+                      std::uint32_t jobClass);
+    std::uint32_t AddRow(const std::string& typeText, std::uint32_t type, const BusinessUnits& model,
+                         std::uint32_t jobClass);
 
     std::vector<SummaryRow> rows_;
-    PairTable rowsByCodes_;
+    std::vector<std::uint32_t> nearPlaces_ = std::vector<std::uint32_t>(kNearCodes * kNearCodes, kNoRecord);
+    PairTable farPlaces_;
     TextTable rowsByKey_;
 };
 

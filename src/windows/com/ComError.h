@@ -2,7 +2,7 @@
 // entry's result by the guard of that entry; nothing in between catches it.
 #pragma once
 
-#include <windows.h>
+#include "windows/com/PlainWindows.h"
 
 #include <exception>
 

@@ -43,6 +43,15 @@ HRESULT GuardMethod(REFIID iid, BodyRef body) noexcept try {
     return E_UNEXPECTED;
 }
 
+HRESULT MethodGuard::RunMethod(REFIID iid, BodyRef body) noexcept {
+    if (!OnOwnThread()) return RPC_E_WRONG_THREAD;
+    SetErrorInfo(0, nullptr);
+    Keep();
+    const HRESULT result = GuardMethod(iid, body);
+    LetGo();
+    return result;
+}
+
 /// One entry under way.
 class EntryGate::Scope {
 public:
@@ -61,8 +70,16 @@ private:
 HRESULT EntryGate::RunMethod(REFIID iid, BodyRef body) noexcept {
     if (!OnOwnThread()) return RPC_E_WRONG_THREAD;
     SetErrorInfo(0, nullptr);
-    const Scope scope(*this);
-    return GuardMethod(iid, body);
+    HRESULT result = S_OK;
+    ComPtr<IErrorInfo> info;
+    {
+        const Scope scope(*this);
+        result = GuardMethod(iid, body);
+        // What the windows do while they are brought up to date is not to cover it.
+        if (FAILED(result)) GetErrorInfo(0, &info);
+    }
+    if (info) SetErrorInfo(0, info.Get());
+    return result;
 }
 
 Outcome EntryGate::Window(BodyRef body) noexcept {

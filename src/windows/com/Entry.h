@@ -4,8 +4,9 @@
 // gives the control the chance to tear down what was let go meanwhile once the outermost one is left.
 #pragma once
 
-#include <windows.h>
+#include "windows/com/PlainWindows.h"
 
+#include <cstdint>
 #include <string_view>
 #include <type_traits>
 
@@ -25,16 +26,16 @@ constexpr HRESULT HostResult(std::int32_t number) {
 /// Sets the thread's error information and gives `result` back.
 HRESULT FailWithText(HRESULT result, REFIID iid, std::string_view text) noexcept;
 
-/// Passes the door of one control. Made, used and destroyed on one thread.
-class EntryGate {
+/// The guard of one object that belongs to the thread that made it.
+class MethodGuard {
 public:
-    EntryGate() noexcept : thread_(GetCurrentThreadId()) {}
-    virtual ~EntryGate() = default;
-    EntryGate(const EntryGate&) = delete;
-    EntryGate& operator=(const EntryGate&) = delete;
+    MethodGuard() noexcept : thread_(GetCurrentThreadId()) {}
+    virtual ~MethodGuard() = default;
+    MethodGuard(const MethodGuard&) = delete;
+    MethodGuard& operator=(const MethodGuard&) = delete;
 
     /// A COM method: the body returns an HRESULT or nothing (S_OK). RPC_E_WRONG_THREAD, and the body not
-    /// run, on any thread but the control's own.
+    /// run, on any thread but the object's own.
     template <class Body>
     HRESULT Method(REFIID iid, Body&& body) noexcept {
         HRESULT result = S_OK;
@@ -48,6 +49,22 @@ public:
         return FAILED(guarded) ? guarded : result;
     }
 
+    bool OnOwnThread() const noexcept { return GetCurrentThreadId() == thread_; }
+
+protected:
+    /// Keeps the object alive for a call, and lets go of it again: the last thing a call does, after which
+    /// the object may be gone.
+    virtual void Keep() noexcept = 0;
+    virtual void LetGo() noexcept = 0;
+    virtual HRESULT RunMethod(REFIID iid, BodyRef body) noexcept;
+
+private:
+    const DWORD thread_;
+};
+
+/// The door of one control.
+class EntryGate : public MethodGuard {
+public:
     /// Anything that Windows calls and that has nobody to tell of a failure: a window or dialog procedure, a
     /// timer, a hook. `Failed` when the body was cut short.
     Outcome Window(BodyRef body) noexcept;
@@ -55,13 +72,8 @@ public:
     /// How many entries are under way, one inside the other. What may not happen while the control's own
     /// code is on the stack waits for 0.
     int Depth() const noexcept { return depth_; }
-    bool OnOwnThread() const noexcept { return GetCurrentThreadId() == thread_; }
 
 protected:
-    /// Keeps the control alive for an entry, and lets go of it again: the last thing an entry does, after
-    /// which the gate may be gone.
-    virtual void Keep() noexcept = 0;
-    virtual void LetGo() noexcept = 0;
     /// Every entry ends with this, unless one that is under way inside it is just doing so: brings the
     /// windows up to date with the state.
     virtual void BringUpToDate() = 0;
@@ -70,10 +82,9 @@ protected:
 
 private:
     class Scope;
-    HRESULT RunMethod(REFIID iid, BodyRef body) noexcept;
+    HRESULT RunMethod(REFIID iid, BodyRef body) noexcept override;
     void Leave() noexcept;
 
-    const DWORD thread_;
     int depth_ = 0;
     bool updating_ = false;
 };

@@ -2,7 +2,7 @@
 // surrogates pass both ways unharmed.
 #pragma once
 
-#include <windows.h>
+#include "windows/com/PlainWindows.h"
 
 #include <oleauto.h>
 
@@ -14,6 +14,7 @@ namespace dlv {
 
 std::wstring Wide(std::string_view text);
 std::string Narrow(std::wstring_view text);
+inline std::string Narrow(const wchar_t* text) { return Narrow(std::wstring_view(text)); }
 /// The whole text of a BSTR, embedded zeros too; empty for a null one.
 std::string Narrow(BSTR text);
 

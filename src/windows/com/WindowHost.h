@@ -2,7 +2,7 @@
 // windows call it on its own thread, from inside an entry.
 #pragma once
 
-#include <windows.h>
+#include "windows/com/PlainWindows.h"
 
 #include "control/DLViewer.h"
 #include "windows/com/Entry.h"
@@ -36,6 +36,8 @@ public:
     /// The control's outer window is being destroyed, by the control itself or with its parent. Sent once,
     /// from WM_NCDESTROY; the ControlWindow object lives on until no entry is under way.
     virtual void WindowDestroyed() = 0;
+    /// The container has let the control go: what is still running ends.
+    virtual void ContainerGone() = 0;
 };
 
 }  // namespace dlv

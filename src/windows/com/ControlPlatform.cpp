@@ -1,0 +1,98 @@
+#include "windows/com/ControlPlatform.h"
+
+#include "windows/com/Strings.h"
+#include "windows/dialogs/Dialogs.h"
+
+namespace dlv {
+
+namespace {
+
+std::wstring LocaleText(LCTYPE type) {
+    constexpr int kLongest = 80;  // as the system documents it for these types
+    wchar_t text[kLongest] = {};
+    const int length = GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, type, text, kLongest);
+    return length > 0 ? std::wstring(text, static_cast<std::size_t>(length) - 1) : std::wstring();
+}
+
+}  // namespace
+
+std::string TimeFormatOf(std::wstring_view systemFormat) {
+    std::string format;
+    bool literal = false;
+    for (std::size_t i = 0; i < systemFormat.size();) {
+        const wchar_t letter = systemFormat[i];
+        std::size_t run = 1;
+        while (i + run < systemFormat.size() && systemFormat[i + run] == letter) ++run;
+        i += run;
+        if (letter == L'\'') {
+            // Two in a row are one that is meant.
+            format.append(run / 2, '\'');
+            if (run % 2 != 0) literal = !literal;
+            continue;
+        }
+        const std::string plain = Narrow(std::wstring(run, letter));
+        if (literal) {
+            for (const char c : plain) format += {'\\', c};
+        } else if (letter == L'm') {
+            format.append(run, 'n');
+        } else if (letter == L't') {
+            format += run == 1 ? "A/P" : "AM/PM";
+        } else {
+            format += plain;
+        }
+    }
+    return format;
+}
+
+TimeOfDay ControlPlatform::Now() {
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    return now.wHour * 3600 + now.wMinute * 60 + now.wSecond;
+}
+
+LocaleTime ControlPlatform::TimeSettings() {
+    LocaleTime settings;
+    const std::string separator = Narrow(LocaleText(LOCALE_STIME));
+    const std::string format = TimeFormatOf(LocaleText(LOCALE_STIMEFORMAT));
+    if (!separator.empty()) settings.separator = separator;
+    if (!format.empty()) settings.format = format;
+    return settings;
+}
+
+std::string ControlPlatform::InterfaceLanguage() {
+    switch (PRIMARYLANGID(GetUserDefaultUILanguage())) {
+        case LANG_PORTUGUESE: return "PO";
+        case LANG_SPANISH: return "SP";
+        default: return "EN";
+    }
+}
+
+double ControlPlatform::SurfaceWidth() {
+    const ControlWindow* window = activation_.Window();
+    return window != nullptr ? window->SurfaceWidth() : extent_.TwipsWide();
+}
+
+double ControlPlatform::SurfaceHeight() {
+    const ControlWindow* window = activation_.Window();
+    return window != nullptr ? window->SurfaceHeight() : extent_.TwipsHigh();
+}
+
+double ControlPlatform::TextWidth(std::string_view text, bool bold) {
+    const FontChoice choice = activation_.AmbientFont();
+    const Scale scale(activation_.Dpi());
+    if (!measuring_ || measuring_->dpi != scale.Dpi() || measuring_->choice != choice)
+        measuring_.emplace(Measuring{choice, scale.Dpi(), Fonts(choice, scale)});
+    return scale.ToTwips(measuring_->fonts.TextWidth(Wide(text), bold ? Weight::Bold : Weight::Regular));
+}
+
+void ControlPlatform::Flush() {
+    if (ControlWindow* window = activation_.Window()) window->Flush();
+}
+
+void ControlPlatform::ShowModal(ModalForm& form) { dlv::ShowModal(host_, form, activation_.AmbientFont()); }
+
+Answer ControlPlatform::ShowMessageBox(const MessageBox& box) { return dlv::ShowMessageBox(host_, box); }
+
+void ControlPlatform::ProcessPendingMessages() { dlv::ProcessPendingMessages(); }
+
+}  // namespace dlv

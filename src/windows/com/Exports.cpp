@@ -1,0 +1,35 @@
+// The five functions through which the system uses the library.
+#include <windows.h>
+
+#include <olectl.h>
+
+#include "windows/com/Classes.h"
+#include "windows/com/Module.h"
+#include "windows/com/Registration.h"
+
+using dlv::RegisterFor;
+
+BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
+    if (reason == DLL_PROCESS_ATTACH) {
+        dlv::SetModuleInstance(instance);
+        DisableThreadLibraryCalls(instance);
+    }
+    return TRUE;
+}
+
+STDAPI DllGetClassObject(REFCLSID id, REFIID iid, void** factory) {
+    return dlv::GetFactory(id, iid, factory);
+}
+
+STDAPI DllCanUnloadNow() { return dlv::ModuleLock::AnyHeld() ? S_FALSE : S_OK; }
+
+STDAPI DllRegisterServer() { return dlv::Register(RegisterFor::Machine); }
+
+STDAPI DllUnregisterServer() { return dlv::Unregister(RegisterFor::Machine); }
+
+/// "user" registers for this user alone, as regsvr32 /n /i:user asks for it.
+STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
+    const bool user = commandLine != nullptr && _wcsicmp(commandLine, L"user") == 0;
+    const RegisterFor whom = user ? RegisterFor::User : RegisterFor::Machine;
+    return install != FALSE ? dlv::Register(whom) : dlv::Unregister(whom);
+}

@@ -1,0 +1,47 @@
+#include "windows/webdata/TableObject.h"
+
+#include "windows/com/Arrays.h"
+#include "windows/webdata/RowObject.h"
+
+namespace dlv {
+
+STDMETHODIMP TableObject::get_Name(BSTR* value) {
+    return GiveText(value, [&] { return table_->Name(); });
+}
+
+STDMETHODIMP TableObject::put_Name(BSTR value) {
+    return Own([&] { table_->SetName(Narrow(value)); });
+}
+
+STDMETHODIMP TableObject::get_RowCount(LONG* value) {
+    return GiveCount(value, [&] { return table_->RowCount(); });
+}
+
+STDMETHODIMP TableObject::get_Row(LONG index, _QZWebRow** value) {
+    return GiveObject<TableRowObject>(value, [&] {
+        const std::size_t number = HostIndex(index);
+        if (number > table_->RowCount()) RaiseSubscript();
+        return TableRow{table_, number};
+    });
+}
+
+STDMETHODIMP TableObject::AddRow(_QZWebRow** value) {
+    return GiveObject<TableRowObject>(value, [&] { return TableRow{table_, table_->AddRow()}; });
+}
+
+STDMETHODIMP TableObject::Fill(VARIANT columns, VARIANT values) {
+    return Own([&] {
+        const std::vector<std::string> names = TextsOf(columns);
+        table_->Fill(names, TextsOfRows(values, names.size()));
+    });
+}
+
+STDMETHODIMP TableObject::LoadText(BSTR text) {
+    return Own([&] { table_->LoadText(Narrow(text)); });
+}
+
+STDMETHODIMP TableObject::get_Text(BSTR* value) {
+    return GiveText(value, [&] { return table_->Text(); });
+}
+
+}  // namespace dlv

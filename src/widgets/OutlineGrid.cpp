@@ -22,6 +22,15 @@ OutlineGrid::Cell& OutlineGrid::At(int row, int column) {
     return const_cast<Cell&>(std::as_const(*this).At(row, column));
 }
 
+const OutlineGrid::Column& OutlineGrid::ColumnAt(int column) const {
+    if (column < 0 || column >= columns_) RaiseSubscript();
+    return columnState_[Index(column)];
+}
+
+OutlineGrid::Column& OutlineGrid::ColumnAt(int column) {
+    return const_cast<Column&>(std::as_const(*this).ColumnAt(column));
+}
+
 void OutlineGrid::Restructured() {
     rowsByData_.clear();
     indexedRows_ = 0;
@@ -194,10 +203,10 @@ int OutlineGrid::FindRow(std::string_view data) const {
 }
 
 void OutlineGrid::SetColumnWidth(int column, double width) {
-    Assign(columnState_.at(Index(column)).width, width);
+    Assign(ColumnAt(column).width, width);
 }
 
-void OutlineGrid::SetColumnBold(int column, bool bold) { Assign(columnState_.at(Index(column)).bold, bold); }
+void OutlineGrid::SetColumnBold(int column, bool bold) { Assign(ColumnAt(column).bold, bold); }
 
 double OutlineGrid::RowHeight(int row) const {
     return Index(row) < headerFactors_.size() && headerFactors_[Index(row)] > 0

@@ -85,9 +85,10 @@ public:
     /// The place of a row among the displayed rows; for a hidden row that of the node that hides it.
     int DisplayedIndex(int row) const;
 
-    double ColumnWidth(int column) const { return columnState_.at(Index(column)).width; }
+    /// Error 9 outside the grid's columns, as for every property of a column.
+    double ColumnWidth(int column) const { return ColumnAt(column).width; }
     void SetColumnWidth(int column, double width);
-    bool ColumnBold(int column) const { return columnState_.at(Index(column)).bold; }
+    bool ColumnBold(int column) const { return ColumnAt(column).bold; }
     void SetColumnBold(int column, bool bold);
     double RowHeight(int row) const;
     double DefaultRowHeight() const { return rowHeight_; }
@@ -159,6 +160,8 @@ private:
     std::size_t Slot(int row) const;
     const Row& State(int row) const { return states_[Slot(row)]; }
     Row& State(int row) { return states_[Slot(row)]; }
+    const Column& ColumnAt(int column) const;
+    Column& ColumnAt(int column);
     const Cell& At(int row, int column) const;
     Cell& At(int row, int column);
     std::uint32_t NewSlot();

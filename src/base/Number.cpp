@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "base/RunTimeError.h"
+#include "base/Text.h"
 
 namespace dlv {
 
@@ -129,6 +130,19 @@ double LeadingNumber(std::string_view text) {
     if (c == '-' || c == '+') scan.Take();
     const double value = Value(TakeDecimal(scan));
     return negative && value != 0 ? -value : value;
+}
+
+double ToDouble(std::string_view text) {
+    text = Trim(text);
+    if (text.starts_with('+')) text.remove_prefix(1);
+    const std::size_t digits = text.starts_with('-') ? 1 : 0;
+    // Neither words for infinity nor a second sign.
+    if (digits >= text.size() || !(IsDigit(text[digits]) || text[digits] == '.')) RaiseTypeMismatch();
+    double value = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (result.ec == std::errc::invalid_argument || result.ptr != text.data() + text.size()) RaiseTypeMismatch();
+    if (result.ec == std::errc::result_out_of_range) RaiseOverflow();
+    return value;
 }
 
 double RoundHalfEven(double value) {

@@ -13,6 +13,9 @@ namespace dlv {
 /// or "&H" and "&O" with their digits. Error 6 beyond the range of a double.
 double LeadingNumber(std::string_view text);
 
+/// A text that is a number as a whole, blanks around it aside; error 13 for any other.
+double ToDouble(std::string_view text);
+
 double RoundHalfEven(double value);
 
 /// Rounded to a signed 32-bit integer; error 6 outside its range.

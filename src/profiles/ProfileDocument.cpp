@@ -1,5 +1,6 @@
 #include "profiles/ProfileDocument.h"
 
+#include "base/Number.h"
 #include "base/Text.h"
 #include "views/Panel.h"
 
@@ -15,10 +16,11 @@ constexpr std::size_t kNodesRows = 3;
 
 std::string BooleanText(bool value) { return value ? "True" : "False"; }
 
+/// "True" or "False" in any case, or a number that is not 0.
 bool ToBoolean(const std::string& text) {
     if (EqualFolded(text, "true")) return true;
-    if (!EqualFolded(text, "false")) RaiseTypeMismatch();
-    return false;
+    if (EqualFolded(text, "false")) return false;
+    return ToDouble(text) != 0;
 }
 
 /// The option index of a stored Boolean: an empty value counts as true.

@@ -7,10 +7,11 @@ namespace dlv {
 void CaptionCatalogue::Attach(std::shared_ptr<CaptionSource> source, const std::string& userLanguage) {
     source_ = std::move(source);
     const auto own = source_ ? source_->LanguageID() : std::nullopt;
-    language_ = own && HasBuiltInLanguage(*own) ? *own : userLanguage;
+    language_ = own && HasBuiltInLanguage(*own) ? *own : HasBuiltInLanguage(userLanguage) ? userLanguage : "EN";
 }
 
 std::string CaptionCatalogue::Caption(std::string_view key) const {
+    if (language_.empty()) return std::string(key);
     if (source_)
         if (auto text = source_->Caption(key)) return *text;
     if (const auto text = BuiltInCaption(language_, key)) return std::string(*text);

@@ -17,14 +17,16 @@ public:
     /// screen never mixes languages: the source's own, else `userLanguage` ("EN", "PO", "SP").
     void Attach(std::shared_ptr<CaptionSource> source, const std::string& userLanguage);
 
-    /// What the host's object fails with is the error of this call.
+    /// Before `Attach` there are no texts: every key stands for itself. What the host's object fails
+    /// with is the error of this call.
     std::string Caption(std::string_view key) const;
 
     const std::string& Language() const { return language_; }
 
 private:
     std::shared_ptr<CaptionSource> source_;
-    std::string language_ = "EN";
+    /// Empty before `Attach`.
+    std::string language_;
 };
 
 }  // namespace dlv

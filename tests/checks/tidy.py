@@ -11,7 +11,7 @@ from pathlib import Path
 
 import sources
 
-CHECKED = ("src/", "player/", "bench/")
+CHECKED = ("src/", "player/")
 # Options of GCC that clang does not know, and its container checks, which would only cost time here.
 DROPPED = re.compile(r"\s-(fsanitize\S*|fno-sanitize\S*|Wno-restrict)")
 

@@ -111,9 +111,10 @@ void ScriptedHost::WorkProfiles(frmProfiles& form) {
          {"names", form.lstProfiles.Items()},
          {"selected", form.lstProfiles.ListIndex()},
          {"enabled", form.cmdChoose.Enabled()}});
-    const Json script = std::exchange(actions_, Json::array());
-    for (const Json& action : script) {
-        if (form.Closed()) return;
+    // A dialog that opens from inside this one goes on with the same script.
+    while (!form.Closed() && !actions_.empty()) {
+        const Json action = actions_[0];
+        actions_.erase(0);
         if (action.contains("name")) {
             const auto& items = form.lstProfiles.Items();
             const auto found = std::ranges::find(items, action["name"].get<std::string>());
@@ -129,6 +130,7 @@ void ScriptedHost::WorkProfiles(frmProfiles& form) {
                                             : form.cmdClose;
         if (button.Enabled()) form.Click(button);
     }
+    actions_.clear();
     if (!form.Closed()) form.Click(form.cmdClose);
 }
 

@@ -111,6 +111,7 @@ void cDLVController::FillSingleBU() { events_.FillSingleBUGrid(units_); }
 
 Dictionary cDLVController::GetBUList() const {
     Dictionary list;
+    if (!surface_) return list;
     trap_.Run("cDLVController.GetBUList", [&] {
         for (const ListView::Item& item : Find<ListView>("lvBU").Items())
             if (item.selected) list.AddNew(SkipCharacters(item.key, 1));

@@ -1,0 +1,82 @@
+// The host application's window: a menu, a line about the working day, the control, and below it, once there
+// is something to tell, the requests of the control. It plays the server too: a timer lets the day go on and
+// sends the figures.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "hosts/demo/ControlHolder.h"
+#include "hosts/demo/Options.h"
+#include "hosts/demo/ViewerSession.h"
+#include "hosts/demo/workday/WorkingDay.h"
+
+namespace dlv::demo {
+
+class DemoWindow final : private SessionListener {
+public:
+    DemoWindow(const Options& options, std::unique_ptr<ControlHolder> holder);
+    ~DemoWindow() override;
+    DemoWindow(const DemoWindow&) = delete;
+    DemoWindow& operator=(const DemoWindow&) = delete;
+
+    /// Makes the window and shows it. False when Windows makes none.
+    bool Create();
+    HWND Handle() const { return window_; }
+
+    /// Ends the control that is there, if any, and starts one.
+    bool StartControl(Language language, const std::string& profile);
+    void StopControl();
+    bool ControlFailed() const { return failed_; }
+    /// Called from the message loop, after figures have been sent.
+    std::function<void()> afterFigures;
+
+    /// Runs until the window has gone.
+    void RunMessages();
+
+private:
+    enum class Server { Running, Paused, Stopped };
+
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    void OnCommand(int command);
+    void OnTimer();
+
+    void AnswersWait() override;
+    void ClientReady() override;
+    void DetailsAsked(const DLVParams& params) override;
+    void Tell(const std::string& line) override;
+
+    void MakeMenu();
+    void MakeFonts();
+    void UpdateMenu();
+    void SetServer(Server server);
+    void StartDay();
+    void SendFigures();
+    void ShowLog(bool shown);
+    RECT ControlPlace() const;
+    void LayOut();
+    void PaintHeader(HDC dc) const;
+    std::wstring DayText() const;
+    int Scaled(int pixels) const;
+
+    Options options_;
+    std::unique_ptr<ControlHolder> holder_;
+    ProfileStore profiles_;
+    ViewerSession session_;
+    std::unique_ptr<WorkingDay> day_;
+    std::uint32_t seed_;
+    Language language_;
+    Server server_ = Server::Running;
+    bool failed_ = false;
+    HWND window_ = nullptr;
+    HWND log_ = nullptr;
+    bool logShown_ = false;
+    HFONT font_ = nullptr;
+    HFONT boldFont_ = nullptr;
+};
+
+}  // namespace dlv::demo

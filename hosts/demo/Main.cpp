@@ -1,0 +1,69 @@
+// The demo host: see kUsage.
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <cstdio>
+#include <exception>
+#include <memory>
+#include <vector>
+
+#include "hosts/container/Library.h"
+#include "hosts/demo/DemoWindow.h"
+#include "hosts/demo/PictureRun.h"
+#include "hosts/demo/PlainHolder.h"
+#include "hosts/demo/Smoke.h"
+#include "windows/com/Strings.h"
+
+namespace {
+
+using namespace dlv::demo;
+
+constexpr int kFailed = 1;
+constexpr int kMisused = 2;
+
+std::vector<std::string> Arguments() {
+    int count = 0;
+    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> arguments;
+    for (int i = 1; i < count; ++i) arguments.push_back(dlv::Narrow(words[i]));
+    LocalFree(words);
+    return arguments;
+}
+
+bool RunWindow(const Options& options) {
+    DemoWindow window(options, std::make_unique<PlainHolder>());
+    if (!window.Create()) return false;
+    if (options.mode == Options::Mode::Pictures) return PictureRun(window, options).Run();
+    window.StartControl(options.language, options.profile);
+    window.RunMessages();
+    return true;
+}
+
+bool Run(const Options& options) {
+    const dlv::container::Library library(dlv::container::BesideProgram(L"DashlonViewer.manifest"));
+    const dlv::container::Library::Scope classesAreKnown(library);
+    return options.mode == Options::Mode::Smoke ? RunSmoke(options) : RunWindow(options);
+}
+
+struct Ole {
+    Ole() { OleInitialize(nullptr); }
+    ~Ole() { OleUninitialize(); }
+};
+
+}  // namespace
+
+int main() {
+    try {
+        const auto options = ParseOptions(Arguments());
+        if (!options || options->mode == Options::Mode::Help) {
+            std::fputs(kUsage, options ? stdout : stderr);
+            return options ? 0 : kMisused;
+        }
+        const Ole ole;
+        return Run(*options) ? 0 : kFailed;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "demo: %s\n", error.what());
+        return kFailed;
+    }
+}

@@ -6,7 +6,8 @@ namespace dlv {
 
 void StartDocument(XmlReader& reader, std::string_view root) {
     reader.Next();
-    if (reader.Name() != root) reader.Fail(reader.Start(), "the element " + std::string(root) + " is expected");
+    if (reader.Name() != root)
+        reader.Fail(reader.Start(), "the element " + std::string(root) + " is expected");
 }
 
 void EndDocument(XmlReader& reader) { reader.Next(); }

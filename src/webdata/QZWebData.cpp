@@ -10,8 +10,8 @@
 namespace dlv {
 
 std::shared_ptr<QZWebTable> QZWebData::Find(std::string_view name) const {
-    const auto found =
-        std::find_if(tables_.begin(), tables_.end(), [name](const auto& table) { return table->Name() == name; });
+    const auto found = std::find_if(tables_.begin(), tables_.end(),
+                                    [name](const auto& table) { return table->Name() == name; });
     return found == tables_.end() ? nullptr : *found;
 }
 

@@ -53,7 +53,8 @@ void QZWebProfiles::Read(XmlReader& reader, std::string_view text) {
 }
 
 QZWebProfile& QZWebProfiles::ReadProfile(XmlReader& reader, std::string_view text) {
-    Entry& entry = profiles_.emplace_back(Entry{std::exchange(keptAtEnd_, {}), std::make_shared<QZWebProfile>()});
+    Entry& entry =
+        profiles_.emplace_back(Entry{std::exchange(keptAtEnd_, {}), std::make_shared<QZWebProfile>()});
     entry.profile->Read(reader, text);
     return *entry.profile;
 }

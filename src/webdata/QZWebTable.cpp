@@ -14,8 +14,7 @@ namespace dlv {
 
 namespace {
 
-/// The longest text of a number cell.
-constexpr std::size_t kNumberSize = 10;
+constexpr std::size_t kNumberSize = TableCells::kLongestNumber;
 
 std::string_view WriteNumber(Cell number, char* out) {
     const auto result = std::to_chars(out, out + kNumberSize, number);
@@ -70,7 +69,9 @@ std::vector<std::string> QZWebTable::Columns() const {
     return names;
 }
 
-RowTable::Column QZWebTable::FindColumn(std::string_view name) const { return cells_.Shapes().ColumnOf(name); }
+RowTable::Column QZWebTable::FindColumn(std::string_view name) const {
+    return cells_.Shapes().ColumnOf(name);
+}
 
 TableCells::Row QZWebTable::SettledRow(std::size_t row) const {
     if (row < 1 || row > cells_.RowCount()) RaiseSubscript();
@@ -111,7 +112,8 @@ void QZWebTable::ReadTexts(std::size_t row, std::span<const Column> columns,
             continue;
         }
         const Cell cell = cells_.CellAt(line.firstCell + plan.places[i]);
-        texts[i] = (cell & kTextTag) ? cells_.StoredText(cell) : WriteNumber(cell, &numberTexts_[i * kNumberSize]);
+        texts[i] =
+            (cell & kTextTag) ? cells_.StoredText(cell) : WriteNumber(cell, &numberTexts_[i * kNumberSize]);
     }
 }
 

@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
-#include "webdata/QuoteFinder.h"
 #include "webdata/TableCells.h"
+#include "webdata/TextPool.h"
 #include "webdata/XmlReader.h"
 
 namespace dlv {
@@ -19,7 +19,7 @@ namespace dlv {
 class RowScanner {
 public:
     /// The document that `cells` was made for.
-    RowScanner(std::string_view text, TableCells& cells) : text_(text), cells_(cells), quotes_(text) {}
+    RowScanner(std::string_view text, TableCells& cells) : text_(text), cells_(cells) {}
 
     /// Takes the row between two offsets, whose attributes are given, as the pattern.
     void Learn(std::size_t start, std::size_t end, std::span<const XmlReader::Attribute> attributes,
@@ -30,28 +30,51 @@ public:
     std::size_t Scan(std::size_t position);
 
 private:
+    /// What a value is taken for at first. Text may turn out to be a number, and a number to be empty.
+    enum class Kind { Number, Text };
+
     /// The text between two values, quotes included: its first and last eight bytes as words.
     struct Piece {
         explicit Piece(std::string_view piece);
-        bool Matches(const char* at) const;
+        bool EndsMatch(const char* at) const;
+        bool MiddleMatches(const char* at) const;
+        void SetKind(Kind newKind);
 
         std::uint64_t first = 0;
         std::uint64_t last = 0;
         std::uint64_t mask = 0;
-        std::uint32_t length = 0;
-        std::uint32_t lastAt = 0;
+        std::size_t lastAt = 0;
+        std::size_t length = 0;
         const char* text = nullptr;
+        /// Eight times the quote that ends the value behind this piece.
+        std::uint64_t quotes = 0;
+        /// Of that value.
+        Kind kind = Kind::Number;
+        /// A number behind a piece that is compared by its ends alone.
+        bool isSimple = false;
     };
 
-    bool ScanRow(std::size_t position, const std::uint32_t* quotes);
-    bool IsPlainText(std::size_t position, std::size_t length) const;
+    std::size_t NextRow(std::size_t position) const;
+    bool ScanRow(const char* at, const char* end);
+    bool Reconsider(Piece* piece);
+    static const char* ScanNumber(const char* at, Cell& cell);
+    const char* ScanValue(const Piece& piece, const char* at, Cell& cell);
+    const char* ScanText(const char* at, std::uint64_t quotes, Cell& cell);
+    const char* ScanNewText(const char* at, std::uint64_t quotes, Cell& cell);
+    const char* ScanUnusualText(const char* begin, std::uint64_t quotes, Cell& cell) const;
     void MakeRoom(std::size_t position);
 
     std::string_view text_;
     TableCells& cells_;
-    QuoteFinder quotes_;
+    TextPool pool_;
     /// One before each value, and one behind the last.
     std::vector<Piece> pieces_;
+    /// The row is to be scanned again, with other kinds of values.
+    bool again_ = false;
+    std::size_t longestPiece_ = 0;
+    /// How many tags a row has, and the length of all pieces.
+    std::size_t tagsOfRow_ = 0;
+    std::size_t leastLength_ = 0;
     TableCells::Shape shape_ = 0;
     std::size_t firstRowStart_ = 0;
     std::size_t rowsBefore_ = 0;

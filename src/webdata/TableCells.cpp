@@ -16,23 +16,11 @@ using TextLength = std::uint32_t;
 
 [[noreturn]] void RaiseOutOfMemory() { throw RunTimeError(kErrorOutOfMemory, "Out of memory"); }
 
-/// What stands between the quote at `quote` and the next of its kind, which exists.
-std::string_view QuotedText(std::string_view text, std::size_t quote) {
-    const std::size_t begin = quote + 1;
-    const char mark = text[quote];
-    std::size_t at = begin;
-    for (; at + sizeof(std::uint64_t) <= text.size(); at += sizeof(std::uint64_t)) {
-        const std::uint64_t found = FirstByteEqual(LoadWord(text.data() + at), static_cast<unsigned char>(mark));
-        if (found) return text.substr(begin, at - begin + static_cast<std::size_t>(std::countr_zero(found)) / 8);
-    }
-    while (text[at] != mark) ++at;
-    return text.substr(begin, at - begin);
-}
-
 }  // namespace
 
 bool IsPlainNumber(std::string_view text, std::uint32_t& number) {
-    if (text.empty() || text.size() > 10 || (text[0] == '0' && text.size() > 1)) return false;
+    if (text.empty() || text.size() > TableCells::kLongestNumber || (text[0] == '0' && text.size() > 1))
+        return false;
     std::uint64_t value = 0;
     for (const char c : text) {
         if (c < '0' || c > '9') return false;
@@ -44,21 +32,29 @@ bool IsPlainNumber(std::string_view text, std::uint32_t& number) {
 }
 
 TableCells::TableCells(std::shared_ptr<const std::string> source) : source_(std::move(source)) {
-    static const auto kEmpty = std::make_shared<const std::string>();
-    if (!source_) source_ = kEmpty;
-    if (source_->size() >= kTextTag) RaiseOutOfMemory();
+    if (!source_) return;
+    document_ = *source_;
+    if (document_.size() >= kTextTag) RaiseOutOfMemory();
 }
 
-std::uint32_t TableCells::OwnTextLength(std::size_t at) const {
+std::string_view TableCells::OwnText(std::size_t at) const {
     TextLength length;
     std::memcpy(&length, texts_.data() + at, sizeof length);
-    return length;
+    return {texts_.data() + at + sizeof length, length};
 }
 
-std::string_view TableCells::StoredText(Cell cell) const {
-    if (!IsOwnText(cell)) return QuotedText(*source_, cell & ~kTextTag);
-    const std::size_t at = OwnTextAt(cell);
-    return {texts_.data() + at + sizeof(TextLength), OwnTextLength(at)};
+/// What stands between the quote at `quote` and the next of its kind, which exists.
+std::string_view TableCells::QuotedText(std::size_t quote) const {
+    const char* const begin = document_.data() + quote + 1;
+    const char* const end = document_.data() + document_.size();
+    const std::uint64_t quotes = EveryByte(static_cast<unsigned char>(begin[-1]));
+    const char* at = begin;
+    for (; end - at >= static_cast<std::ptrdiff_t>(sizeof quotes); at += sizeof quotes) {
+        const std::uint64_t found = BytesZero(LoadWord(at) ^ quotes);
+        if (found) return {begin, at + std::countr_zero(found) / 8};
+    }
+    while (*at != begin[-1]) ++at;
+    return {begin, at};
 }
 
 Cell TableCells::MakeCell(std::string_view text) {
@@ -72,7 +68,7 @@ Cell TableCells::MakeSourceCell(std::string_view raw, std::size_t quote) {
 }
 
 Cell TableCells::StoreText(std::string_view text) {
-    const std::size_t place = source_->size() + texts_.size();
+    const std::size_t place = document_.size() + texts_.size();
     if (place >= kTextTag || text.size() >= kTextTag) RaiseOutOfMemory();
     const auto length = static_cast<TextLength>(text.size());
     // A text of this very table may move while the store grows.
@@ -89,7 +85,7 @@ void TableCells::ReplaceCell(Cell& cell, std::string_view text) {
         return;
     }
     const std::size_t at = OwnTextAt(cell);
-    const TextLength before = OwnTextLength(at);
+    const auto before = static_cast<TextLength>(OwnText(at).size());
     if (!plain && text.size() <= before) {
         const auto length = static_cast<TextLength>(text.size());
         std::memmove(texts_.data() + at + sizeof length, text.data(), text.size());
@@ -157,7 +153,8 @@ void TableCells::OpenEdit(std::size_t row) {
     edit_.places.resize(shapes_.ColumnCount());
     edit_.columns.assign(columns.begin(), columns.end());
     edit_.cells.assign(CellsAt(line.firstCell), CellsAt(line.firstCell) + columns.size());
-    for (std::size_t i = 0; i < columns.size(); ++i) edit_.places[columns[i]] = static_cast<std::uint32_t>(i + 1);
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        edit_.places[columns[i]] = static_cast<std::uint32_t>(i + 1);
     edit_.row = row;
 }
 
@@ -202,8 +199,8 @@ void TableCells::Compact() {
             Cell cell = from[i];
             if (IsOwnText(cell)) {
                 const std::size_t at = OwnTextAt(cell);
-                cell = kTextTag | static_cast<Cell>(source_->size() + texts.size());
-                texts.append(texts_, at, sizeof(TextLength) + OwnTextLength(at));
+                cell = kTextTag | static_cast<Cell>(document_.size() + texts.size());
+                texts.append(texts_, at, sizeof(TextLength) + OwnText(at).size());
             }
             cells.Append(cell);
         }

@@ -22,6 +22,9 @@ public:
     using Column = TableShapes::Column;
     using Shape = TableShapes::Shape;
 
+    /// The longest text that can be a number's plain form, in digits.
+    static constexpr std::size_t kLongestNumber = 10;
+
     struct Row {
         std::uint32_t firstCell = 0;
         Shape shape = 0;
@@ -39,7 +42,10 @@ public:
     Cell CellAt(std::size_t index) const { return cells_[index]; }
     const Cell* CellsAt(std::size_t index) const { return cells_.Data() + index; }
     /// The text of a cell that has kTextTag. Holds until the table changes.
-    std::string_view StoredText(Cell cell) const;
+    std::string_view StoredText(Cell cell) const {
+        const std::size_t at = cell & ~kTextTag;
+        return at < document_.size() ? QuotedText(at) : OwnText(at - document_.size());
+    }
 
     /// The cell for a text, which is stored when it is no plain number.
     Cell MakeCell(std::string_view text);
@@ -79,9 +85,10 @@ private:
         std::vector<std::uint32_t> places;
     };
 
-    bool IsOwnText(Cell cell) const { return (cell & kTextTag) && (cell & ~kTextTag) >= source_->size(); }
-    std::size_t OwnTextAt(Cell cell) const { return (cell & ~kTextTag) - source_->size(); }
-    std::uint32_t OwnTextLength(std::size_t at) const;
+    bool IsOwnText(Cell cell) const { return (cell & kTextTag) && (cell & ~kTextTag) >= document_.size(); }
+    std::size_t OwnTextAt(Cell cell) const { return (cell & ~kTextTag) - document_.size(); }
+    std::string_view OwnText(std::size_t at) const;
+    std::string_view QuotedText(std::size_t quote) const;
     Cell StoreText(std::string_view text);
     void ReplaceCell(Cell& cell, std::string_view text);
     void CheckRoom(std::size_t cells) const;
@@ -91,6 +98,7 @@ private:
     void Compact();
 
     std::shared_ptr<const std::string> source_;
+    std::string_view document_;
     TableShapes shapes_;
     std::vector<Row> rows_;
     CellBuffer cells_;

@@ -38,7 +38,9 @@ bool IsAsciiLetter(char32_t code) { return (code >= 'A' && code <= 'Z') || (code
 }  // namespace
 
 XmlCharacter DecodeXmlCharacter(std::string_view text, std::size_t position) {
-    const auto byte = [&](std::size_t index) -> char32_t { return static_cast<unsigned char>(text[position + index]); };
+    const auto byte = [&](std::size_t index) -> char32_t {
+        return static_cast<unsigned char>(text[position + index]);
+    };
     const char32_t lead = byte(0);
     if (lead < 0x80) return {lead, 1};
     const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
@@ -65,7 +67,8 @@ bool IsXmlNameStart(char32_t code) {
 }
 
 bool IsXmlNameChar(char32_t code) {
-    if (code < 0x80) return IsXmlNameStart(code) || (code >= '0' && code <= '9') || code == '-' || code == '.';
+    if (code < 0x80)
+        return IsXmlNameStart(code) || (code >= '0' && code <= '9') || code == '-' || code == '.';
     return Within(kNameStartRanges, code) || Within(kNameMoreRanges, code);
 }
 
@@ -93,6 +96,24 @@ bool IsPlainXmlValue(std::string_view text) {
         position += character.length;
     }
     return true;
+}
+
+bool IsXmlVersion(std::string_view value) {
+    return value.size() > 2 && value.starts_with("1.") &&
+           value.find_first_not_of("0123456789", 2) == std::string_view::npos;
+}
+
+bool IsXmlEncoding(std::string_view value) {
+    const auto ascii = [](char c) { return static_cast<char32_t>(static_cast<unsigned char>(c)); };
+    return !value.empty() && IsAsciiLetter(ascii(value[0])) &&
+           std::all_of(value.begin(), value.end(),
+                       [&](char c) { return ascii(c) < 0x80 && c != ':' && IsXmlNameChar(ascii(c)); });
+}
+
+bool IsXmlStandalone(std::string_view value) { return value == "yes" || value == "no"; }
+
+bool IsReservedXmlTarget(std::string_view name) {
+    return name.size() == 3 && (name[0] | 0x20) == 'x' && (name[1] | 0x20) == 'm' && (name[2] | 0x20) == 'l';
 }
 
 }  // namespace dlv

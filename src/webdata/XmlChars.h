@@ -28,6 +28,14 @@ bool IsXmlName(std::string_view text);
 /// the blanks that XML changes (tab and line breaks).
 bool IsPlainXmlValue(std::string_view text);
 
+/// What the parts of an XML declaration may hold.
+bool IsXmlVersion(std::string_view value);
+bool IsXmlEncoding(std::string_view value);
+bool IsXmlStandalone(std::string_view value);
+
+/// Whether a processing instruction's target is the reserved one: "xml" in any letter case.
+bool IsReservedXmlTarget(std::string_view name);
+
 inline bool IsXmlBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
 }  // namespace dlv

@@ -1,48 +1,16 @@
 #include "webdata/XmlReader.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 
 #include "base/RunTimeError.h"
 #include "base/Text.h"
+#include "webdata/XmlBytes.h"
 #include "webdata/XmlChars.h"
 
 namespace dlv {
 
 namespace {
-
-// What a scan of plain characters stops at.
-enum ByteClass : std::uint8_t {
-    kRefused = 1,    // control characters
-    kBlank = 2,      // tab and line breaks
-    kMarkup = 4,     // < and &
-    kDouble = 8,     // "
-    kSingle = 16,    // '
-    kBracket = 32,   // ]
-    kBeyond = 64,    // not ASCII
-    kNameByte = 128  // ASCII characters that may stand inside a name
-};
-
-constexpr std::array<std::uint8_t, 256> MakeByteClasses() {
-    std::array<std::uint8_t, 256> classes{};
-    for (unsigned i = 0; i < 256; ++i) {
-        const bool digit = i >= '0' && i <= '9';
-        const bool letter = (i >= 'A' && i <= 'Z') || (i >= 'a' && i <= 'z');
-        if (i < 0x20) classes[i] = i == '\t' || i == '\n' || i == '\r' ? kBlank : kRefused;
-        if (i == '<' || i == '&') classes[i] = kMarkup;
-        if (i == '"') classes[i] = kDouble;
-        if (i == '\'') classes[i] = kSingle;
-        if (i == ']') classes[i] = kBracket;
-        if (i >= 0x80) classes[i] = kBeyond;
-        if (digit || letter || i == '_' || i == ':' || i == '-' || i == '.') classes[i] = kNameByte;
-    }
-    return classes;
-}
-
-constexpr std::array<std::uint8_t, 256> kByteClasses = MakeByteClasses();
-
-unsigned ClassOf(char c) { return kByteClasses[static_cast<unsigned char>(c)]; }
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kRefusedCharacter = "a character that XML does not allow";
@@ -57,30 +25,12 @@ std::string Shown(std::string_view name) {
     return std::string(name.substr(0, length)) + "...";
 }
 
-bool IsVersion(std::string_view value) {
-    return value.size() > 2 && value.starts_with("1.") &&
-           value.find_first_not_of("0123456789", 2) == std::string_view::npos;
-}
-
-bool IsEncoding(std::string_view value) {
-    const auto letter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
-    return !value.empty() && letter(value[0]) && std::all_of(value.begin(), value.end(), [&](char c) {
-        return letter(c) || (c >= '0' && c <= '9') || c == '.' || c == '_' || c == '-';
-    });
-}
-
-bool IsStandalone(std::string_view value) { return value == "yes" || value == "no"; }
-
-/// Whether a processing instruction's target is the reserved one.
-bool IsReservedTarget(std::string_view name) {
-    return name.size() == 3 && (name[0] | 0x20) == 'x' && (name[1] | 0x20) == 'm' && (name[2] | 0x20) == 'l';
-}
-
 }  // namespace
 
 XmlReader::XmlReader(std::string_view text) : text_(text) {
     if (text_.starts_with(kByteOrderMark)) position_ = kByteOrderMark.size();
-    if (StartsWith("<?xml") && text_.size() > position_ + 5 && IsXmlBlank(text_[position_ + 5])) ReadDeclaration();
+    if (StartsWith("<?xml") && text_.size() > position_ + 5 && IsXmlBlank(text_[position_ + 5]))
+        ReadDeclaration();
 }
 
 void XmlReader::Fail(std::size_t offset, std::string_view what) const {
@@ -129,10 +79,11 @@ std::string_view XmlReader::ReadName() {
     const std::size_t begin = position_;
     while (!AtEnd()) {
         const char c = text_[position_];
-        const unsigned kind = ClassOf(c);
-        if (kind == kNameByte && (position_ > begin || IsXmlNameStart(static_cast<unsigned char>(c)))) {
+        const unsigned kind = XmlByte::ClassOf(c);
+        if (kind == XmlByte::kNameByte &&
+            (position_ > begin || IsXmlNameStart(static_cast<unsigned char>(c)))) {
             ++position_;
-        } else if (kind == kBeyond) {
+        } else if (kind == XmlByte::kBeyond) {
             const XmlCharacter character = DecodeXmlCharacter(text_, position_);
             if (character.length == 0) Fail(position_, "the text is not valid UTF-8");
             if (!(position_ == begin ? IsXmlNameStart(character.code) : IsXmlNameChar(character.code))) break;
@@ -182,9 +133,7 @@ bool XmlReader::ReadMarkup(Event& event) {
             ReadEndTag();
             event = Event::EndElement;
             return true;
-        case '?':
-            SkipInstruction();
-            return false;
+        case '?': SkipInstruction(); return false;
         case '!':
             if (StartsWith("!--")) {
                 SkipComment();
@@ -207,11 +156,11 @@ bool XmlReader::ReadMarkup(Event& event) {
 void XmlReader::ReadDeclaration() {
     position_ += 5;
     SkipBlanks();
-    ReadDeclarationValue("version", IsVersion);
-    if (SkipBlanks() && StartsWith("e")) ReadDeclarationValue("encoding", IsEncoding);
+    ReadDeclarationValue("version", IsXmlVersion);
+    if (SkipBlanks() && StartsWith("e")) ReadDeclarationValue("encoding", IsXmlEncoding);
     // A blank stands before either of the two, whether the other is there or not.
     const bool blank = IsXmlBlank(text_[position_ - 1]) || SkipBlanks();
-    if (blank && StartsWith("s")) ReadDeclarationValue("standalone", IsStandalone);
+    if (blank && StartsWith("s")) ReadDeclarationValue("standalone", IsXmlStandalone);
     SkipBlanks();
     Expect("?>", kBadDeclaration);
 }
@@ -270,9 +219,10 @@ void XmlReader::ReadAttribute() {
 void XmlReader::ReadValue(Attribute& attribute) {
     attribute.quote = position_;
     const char quote = text_[position_++];
-    const unsigned stops = kRefused | kBlank | kMarkup | kBeyond | (quote == '"' ? kDouble : kSingle);
+    const unsigned stops = XmlByte::kRefused | XmlByte::kBlank | XmlByte::kMarkup | XmlByte::kBeyond |
+                           (quote == '"' ? XmlByte::kDouble : XmlByte::kSingle);
     for (;;) {
-        while (!AtEnd() && !(ClassOf(text_[position_]) & stops)) ++position_;
+        while (!AtEnd() && !(XmlByte::ClassOf(text_[position_]) & stops)) ++position_;
         const char c = Peek();
         if (c == quote) break;
         if (c == '<') Fail(position_, "'<' in a value");
@@ -280,7 +230,7 @@ void XmlReader::ReadValue(Attribute& attribute) {
             ReadReference(position_);
             attribute.plain = false;
         } else {
-            if (ClassOf(c) == kBlank) attribute.plain = false;
+            if (XmlByte::ClassOf(c) == XmlByte::kBlank) attribute.plain = false;
             PassCharacter();
         }
     }
@@ -294,7 +244,8 @@ void XmlReader::CheckUnique() {
     const std::string_view name = attributes_.back().name;
     bool twice = false;
     if (attributes_.size() <= kFew) {
-        const unsigned mark = static_cast<unsigned char>(name.back()) * 7u + static_cast<unsigned char>(name[name.size() / 2]) * 3u +
+        const unsigned mark = static_cast<unsigned char>(name.back()) * 7u +
+                              static_cast<unsigned char>(name[name.size() / 2]) * 3u +
                               static_cast<unsigned char>(name.front()) + static_cast<unsigned>(name.size());
         const std::uint64_t bit = std::uint64_t{1} << (mark & 63);
         if (namesSeen_ & bit) {
@@ -326,12 +277,13 @@ void XmlReader::ReadEndTag() {
 }
 
 void XmlReader::ReadText() {
-    constexpr unsigned kStops = kRefused | kBlank | kMarkup | kBeyond | kBracket;
+    constexpr unsigned kStops =
+        XmlByte::kRefused | XmlByte::kBlank | XmlByte::kMarkup | XmlByte::kBeyond | XmlByte::kBracket;
     const std::size_t begin = position_;
     bool plain = true;
     while (!AtEnd()) {
         const char c = text_[position_];
-        if (!(ClassOf(c) & kStops)) {
+        if (!(XmlByte::ClassOf(c) & kStops)) {
             ++position_;
         } else if (c == '<') {
             break;
@@ -382,7 +334,7 @@ void XmlReader::SkipComment() {
 void XmlReader::SkipInstruction() {
     ++position_;
     const std::string_view target = ReadName();
-    if (IsReservedTarget(target)) Fail(start_, "an XML declaration that is not at the start");
+    if (IsReservedXmlTarget(target)) Fail(start_, "an XML declaration that is not at the start");
     if (!StartsWith("?>") && !SkipBlanks()) {
         if (AtEnd()) FailAtEnd();
         Fail(position_, "a blank is expected");
@@ -406,7 +358,8 @@ char32_t XmlReader::ReadReference(std::size_t& position) const {
     }
     if (rest.starts_with("&#")) return ReadCharacterReference(position);
     const std::size_t semicolon = rest.substr(0, 64).find(';');
-    const bool cut = std::all_of(rest.begin() + 1, rest.end(), [](char c) { return ClassOf(c) == kNameByte; });
+    const bool cut = std::all_of(rest.begin() + 1, rest.end(),
+                                 [](char c) { return XmlByte::ClassOf(c) == XmlByte::kNameByte; });
     if (cut) FailAtEnd();
     if (semicolon != std::string_view::npos && IsXmlName(rest.substr(1, semicolon - 1))) {
         Fail(position, "the entity " + std::string(rest.substr(1, semicolon - 1)) + " is unknown");
@@ -447,7 +400,7 @@ void XmlReader::AppendDecoded(std::string_view raw, Blanks blanks, std::string& 
         }
         ++at;
         if (c == '\r' && at < end && text_[at] == '\n') ++at;
-        if (ClassOf(c) == kBlank && blanks == Blanks::Replace) {
+        if (XmlByte::ClassOf(c) == XmlByte::kBlank && blanks == Blanks::Replace) {
             out += ' ';
         } else {
             out += c == '\r' ? '\n' : c;

@@ -12,22 +12,14 @@ namespace {
 /// The reference that a character needs; empty when it stands for itself.
 std::string_view ReferenceFor(char c, bool inValue) {
     switch (c) {
-        case '&':
-            return "&amp;";
-        case '<':
-            return "&lt;";
-        case '>':
-            return inValue ? "" : "&gt;";
-        case '"':
-            return inValue ? "&quot;" : "";
-        case '\t':
-            return inValue ? "&#9;" : "";
-        case '\n':
-            return inValue ? "&#10;" : "";
-        case '\r':
-            return "&#13;";
-        default:
-            return "";
+        case '&': return "&amp;";
+        case '<': return "&lt;";
+        case '>': return inValue ? "" : "&gt;";
+        case '"': return inValue ? "&quot;" : "";
+        case '\t': return inValue ? "&#9;" : "";
+        case '\n': return inValue ? "&#10;" : "";
+        case '\r': return "&#13;";
+        default: return "";
     }
 }
 
@@ -110,9 +102,8 @@ void XmlWriter::Fail(std::string_view what) const {
     const std::size_t lastBreak = out_.rfind('\n');
     const std::size_t lineStart = lastBreak == std::string::npos ? 0 : lastBreak + 1;
     const auto line = std::count(out_.begin(), out_.end(), '\n') + 1;
-    const auto column = std::count_if(out_.begin() + static_cast<std::ptrdiff_t>(lineStart), out_.end(), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-    });
+    const auto column = std::count_if(out_.begin() + static_cast<std::ptrdiff_t>(lineStart), out_.end(),
+                                      [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; });
     RaiseDocument(static_cast<std::size_t>(line), static_cast<std::size_t>(column) + 1, what);
 }
 

@@ -79,18 +79,14 @@ std::string Outline(std::string_view document) {
             case XmlReader::Event::StartElement:
                 out.append("(").append(reader.Name());
                 for (const XmlReader::Attribute& attribute : reader.Attributes()) {
-                    out.append(" ").append(attribute.name).append("=[").append(reader.Value(attribute)) += ']';
+                    out.append(" ").append(attribute.name).append("=[").append(reader.Value(attribute)) +=
+                        ']';
                 }
                 out += '>';
                 break;
-            case XmlReader::Event::EndElement:
-                out += ')';
-                break;
-            case XmlReader::Event::Text:
-                out += reader.Text();
-                break;
-            case XmlReader::Event::EndOfDocument:
-                return out;
+            case XmlReader::Event::EndElement: out += ')'; break;
+            case XmlReader::Event::Text: out += reader.Text(); break;
+            case XmlReader::Event::EndOfDocument: return out;
         }
     }
 }
@@ -101,8 +97,27 @@ const char* Any(Random& random, const std::array<const char*, Size>& choices) {
 }
 
 std::string RandomText(Random& random, char quote) {
-    static constexpr std::array kPieces{"x", "word ", "12", "\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "&amp;", "&lt;",
-                                        "&#65;", "&#x20AC;", "&#10;", "&#13;", "\n", "\r\n", "\r", "\t", " ", "]", ">", "/", "&quot;"};
+    static constexpr std::array kPieces{"x",
+                                        "word ",
+                                        "12",
+                                        "\xC3\xA9",
+                                        "\xE2\x82\xAC",
+                                        "\xF0\x9F\x98\x80",
+                                        "&amp;",
+                                        "&lt;",
+                                        "&#65;",
+                                        "&#x20AC;",
+                                        "&#10;",
+                                        "&#13;",
+                                        "\n",
+                                        "\r\n",
+                                        "\r",
+                                        "\t",
+                                        " ",
+                                        "]",
+                                        ">",
+                                        "/",
+                                        "&quot;"};
     std::string text;
     for (auto count = random() % 5; count > 0; --count) text += Any(random, kPieces);
     if (quote == '\0') std::replace(text.begin(), text.end(), '>', '.');
@@ -123,7 +138,8 @@ std::string RandomDocument(Random& random) {
             text += "<" + name;
             for (unsigned i = 0; i < random() % 4; ++i) {
                 const char quote = random() % 3 ? '"' : '\'';
-                text += std::string(random() % 4 ? " " : "\n ") + Any(random, kNames) + std::to_string(i) + (random() % 5 ? "=" : " = ");
+                text += std::string(random() % 4 ? " " : "\n ") + Any(random, kNames) + std::to_string(i) +
+                        (random() % 5 ? "=" : " = ");
                 text += quote + RandomText(random, quote) + quote;
             }
             if (step > 0 && random() % 2) {
@@ -148,23 +164,19 @@ std::string RandomDocument(Random& random) {
 }
 
 std::string Mutated(std::string text, Random& random) {
-    static constexpr std::array kPieces{"<", ">", "&", ";", "\"", "'", "=", "/", " ", "]]>", "--", "<!--", "-->", "<![CDATA[", "?>", "<?",
-                                        "a", "</", "/>", "&#x", "&amp;", "\x01", "\xC3", "\xED\xA0\x80", "<a>", "</a>", "<a b='1'/>"};
+    static constexpr std::array kPieces{"<",   ">",         "&",         ";",    "\"",   "'",
+                                        "=",   "/",         " ",         "]]>",  "--",   "<!--",
+                                        "-->", "<![CDATA[", "?>",        "<?",   "a",    "</",
+                                        "/>",  "&#x",       "&amp;",     "\x01", "\xC3", "\xED\xA0\x80",
+                                        "<a>", "</a>",      "<a b='1'/>"};
     for (auto count = 1 + random() % 3; count > 0 && !text.empty(); --count) {
         const std::size_t at = random() % text.size();
         const std::size_t length = std::min<std::size_t>(random() % 6, text.size() - at);
         switch (random() % 4) {
-            case 0:
-                text.erase(at, length);
-                break;
-            case 1:
-                text.insert(at, Any(random, kPieces));
-                break;
-            case 2:
-                text.insert(random() % text.size(), text.substr(at, random() % 20));
-                break;
-            default:
-                text.replace(at, length, Any(random, kPieces));
+            case 0: text.erase(at, length); break;
+            case 1: text.insert(at, Any(random, kPieces)); break;
+            case 2: text.insert(random() % text.size(), text.substr(at, random() % 20)); break;
+            default: text.replace(at, length, Any(random, kPieces));
         }
     }
     return text;
@@ -177,10 +189,12 @@ struct Tally {
 };
 
 void Compare(const std::string& text, Tally& tally) {
-    constexpr unsigned kFlags = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_eol | pugi::parse_wconv_attribute |
-                                pugi::parse_ws_pcdata | pugi::parse_comments | pugi::parse_pi;
+    constexpr unsigned kFlags = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_eol |
+                                pugi::parse_wconv_attribute | pugi::parse_ws_pcdata | pugi::parse_comments |
+                                pugi::parse_pi;
     pugi::xml_document other;
-    const bool accepted = static_cast<bool>(other.load_buffer(text.data(), text.size(), kFlags, pugi::encoding_utf8));
+    const bool accepted =
+        static_cast<bool>(other.load_buffer(text.data(), text.size(), kFlags, pugi::encoding_utf8));
     std::string outline;
     const std::string error = ErrorOf([&] { outline = Outline(text); });
     if (error.empty()) {
@@ -189,8 +203,9 @@ void Compare(const std::string& text, Tally& tally) {
         ASSERT_EQ(outline, Outline(other.document_element())) << text;
     } else if (accepted) {
         ++tally.stricter;
-        const bool listed = std::any_of(kStricter.begin(), kStricter.end(),
-                                        [&](const char* reason) { return error.find(reason) != std::string::npos; });
+        const bool listed = std::any_of(kStricter.begin(), kStricter.end(), [&](const char* reason) {
+            return error.find(reason) != std::string::npos;
+        });
         ASSERT_TRUE(listed) << error << ": " << text;
     } else {
         ++tally.neither;

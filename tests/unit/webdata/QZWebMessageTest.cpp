@@ -101,7 +101,8 @@ TEST(QZWebMessage, ABadDocumentChangesNothing) {
     QZWebMessage message;
     message.LoadText(kDocument);
     const std::string before = message.Text();
-    for (const char* bad : {"", "<WebData></WebData>", "<WebMessage Name='x'><WebData/></WebMessage>x", "<WebMessage Name='x'>"}) {
+    for (const char* bad : {"", "<WebData></WebData>", "<WebMessage Name='x'><WebData/></WebMessage>x",
+                            "<WebMessage Name='x'>"}) {
         EXPECT_NE(ErrorOf([&] { message.LoadText(bad); }).find("1003 "), std::string::npos) << bad;
         EXPECT_EQ(message.Text(), before);
     }
@@ -109,8 +110,9 @@ TEST(QZWebMessage, ABadDocumentChangesNothing) {
 
 TEST(QZWebData, IsReadFromItsDocument) {
     QZWebData data;
-    data.LoadText("<WebData> <WebTable Name=\"Error\"><row ErrorNumber=\"0\" ErrorDescription=\"\"/></WebTable>"
-                  "<ProfileIDs><ProfileID>Default</ProfileID></ProfileIDs> </WebData>");
+    data.LoadText(
+        "<WebData> <WebTable Name=\"Error\"><row ErrorNumber=\"0\" ErrorDescription=\"\"/></WebTable>"
+        "<ProfileIDs><ProfileID>Default</ProfileID></ProfileIDs> </WebData>");
     EXPECT_EQ(data.TableCount(), 1u);
     EXPECT_EQ(data.Table("Error")->Field(1, "ErrorNumber"), "0");
     EXPECT_FALSE(data.HasTable("error"));

@@ -67,7 +67,8 @@ TEST(QZWebProfiles, AreBuiltByHand) {
     QZWebProfiles set;
     EXPECT_EQ(set.Text(), "<WebProfiles></WebProfiles>");
     const auto profile = set.Add("P");
-    EXPECT_EQ(ErrorOf([&] { set.Add("P"); }), "457 This key is already associated with an element of this collection");
+    EXPECT_EQ(ErrorOf([&] { set.Add("P"); }),
+              "457 This key is already associated with an element of this collection");
     set.Add("p");
     const auto section = profile->AddSection("S", "A,B");
     EXPECT_EQ(ErrorOf([&] { profile->AddSection("S", ""); }),
@@ -98,25 +99,31 @@ TEST(QZWebProfiles, AreBuiltByHand) {
 
 TEST(QZWebProfiles, AloneProfileLoadsAsASetOfOne) {
     QZWebProfiles set;
-    set.LoadText("<WebProfile><WebTable Name='Error'><row ErrorNumber='3'/></WebTable><Name>One</Name></WebProfile>");
+    set.LoadText(
+        "<WebProfile><WebTable Name='Error'><row ErrorNumber='3'/></WebTable><Name>One</Name></WebProfile>");
     ASSERT_EQ(set.Count(), 1u);
     EXPECT_EQ(set.Item(1)->Name(), "One");
     EXPECT_EQ(set.ErrorTable()->Field(1, "ErrorNumber"), "3");
-    EXPECT_EQ(set.Text(), "<WebProfiles>\n  <WebProfile>\n    <Name>One</Name>\n  </WebProfile>\n</WebProfiles>");
+    EXPECT_EQ(set.Text(),
+              "<WebProfiles>\n  <WebProfile>\n    <Name>One</Name>\n  </WebProfile>\n</WebProfiles>");
 }
 
 TEST(QZWebProfile, IsADocumentOfItsOwnWithABareRoot) {
     QZWebProfile profile;
-    profile.LoadText("<WebProfile Kept='in a set'><Section Name='S' Fields='A'><row A='&lt;'/></Section><Name>N</Name></WebProfile>");
+    profile.LoadText(
+        "<WebProfile Kept='in a set'><Section Name='S' Fields='A'><row "
+        "A='&lt;'/></Section><Name>N</Name></WebProfile>");
     const std::string text =
-        "<WebProfile>\n  <Section Name=\"S\" Fields=\"A\">\n    <row A=\"&lt;\"/>\n  </Section>\n  <Name>N</Name>\n</WebProfile>";
+        "<WebProfile>\n  <Section Name=\"S\" Fields=\"A\">\n    <row A=\"&lt;\"/>\n  </Section>\n  "
+        "<Name>N</Name>\n</WebProfile>";
     EXPECT_EQ(profile.Text(), text);
     EXPECT_EQ(profile.ErrorTable(), nullptr);
     EXPECT_EQ(ErrorOf([&] { profile.LoadText("<WebProfiles></WebProfiles>"); }),
               "1003 Document error at line 1, column 1: the element WebProfile is expected");
     EXPECT_EQ(profile.Text(), text);
     profile.SetName("\xED\xB0\x80");
-    EXPECT_EQ(ErrorOf([&] { profile.Text(); }), "1003 Document error at line 5, column 9: a character that XML does not allow");
+    EXPECT_EQ(ErrorOf([&] { profile.Text(); }),
+              "1003 Document error at line 5, column 9: a character that XML does not allow");
 }
 
 TEST(QZWebProfiles, KeepWhatTheyDoNotKnowWhereItStood) {

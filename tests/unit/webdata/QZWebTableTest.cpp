@@ -38,12 +38,15 @@ INSTANTIATE_TEST_SUITE_P(
     Tables, LoadedRows,
     testing::Values(
         RowsCase{"none", "", ""}, RowsCase{"without_fields", "<row/><row></row>", "{}{}"},
-        RowsCase{"plain", "<row A=\"1\" B=\"x\"/>\n<row A=\"22\" B=\"y z\"/>", "{ A=[1] B=[x]}{ A=[22] B=[y z]}"},
-        RowsCase{"number_look_alikes",
-                 "<row A='0' B='00' C='01' D='-1' E='1.0' F='2147483647' G='2147483648' H='99999999999' I=' 1'/>",
-                 "{ A=[0] B=[00] C=[01] D=[-1] E=[1.0] F=[2147483647] G=[2147483648] H=[99999999999] I=[ 1]}"},
+        RowsCase{"plain", "<row A=\"1\" B=\"x\"/>\n<row A=\"22\" B=\"y z\"/>",
+                 "{ A=[1] B=[x]}{ A=[22] B=[y z]}"},
+        RowsCase{
+            "number_look_alikes",
+            "<row A='0' B='00' C='01' D='-1' E='1.0' F='2147483647' G='2147483648' H='99999999999' I=' 1'/>",
+            "{ A=[0] B=[00] C=[01] D=[-1] E=[1.0] F=[2147483647] G=[2147483648] H=[99999999999] I=[ 1]}"},
         RowsCase{"other_order", "<row A='1' B='2'/><row B='3' A='4'/>", "{ A=[1] B=[2]}{ A=[4] B=[3]}"},
-        RowsCase{"other_columns", "<row A='1'/><row B='2'/><row/><row A='3' C='4'/>", "{ A=[1]}{ B=[2]}{}{ A=[3] C=[4]}"},
+        RowsCase{"other_columns", "<row A='1'/><row B='2'/><row/><row A='3' C='4'/>",
+                 "{ A=[1]}{ B=[2]}{}{ A=[3] C=[4]}"},
         RowsCase{"decoded", "<row A='&lt;&#65;&#10;' B='a\tb'/>", "{ A=[<A\n] B=[a b]}"},
         RowsCase{"quotes", "<row A='\"' B=\"'\"/>", "{ A=[\"] B=[']}"},
         RowsCase{"content_of_rows_and_unknown_elements_are_passed_over",
@@ -60,7 +63,8 @@ TEST(QZWebTable, ReadsManyFieldsAtOnceInTheOrderAsked) {
     table.ReadTexts(2, columns, texts);
     EXPECT_EQ(texts, (std::array<std::string_view, 3>{"7", "", "x"}));
 
-    const std::array numbers{table.FindColumn("A"), table.FindColumn("B"), table.FindColumn("C"), table.FindColumn("D")};
+    const std::array numbers{table.FindColumn("A"), table.FindColumn("B"), table.FindColumn("C"),
+                             table.FindColumn("D")};
     std::array<std::int32_t, 4> values;
     table.ReadNumbers(1, numbers, values);
     EXPECT_EQ(values, (std::array<std::int32_t, 4>{1, 0, 3, 4}));
@@ -113,9 +117,12 @@ TEST(QZWebTable, FieldsAreSetInAnyOrderOfRowsAndColumns) {
         QZWebTable table = Loaded("<row C1='old' C0='old'/><row C2='old &amp; decoded'/>");
         while (table.RowCount() < 200) table.AddRow();
         const auto value = [](std::size_t row, std::size_t column, int round) {
-            const std::string text = std::to_string(row) + ":" + std::to_string(column) + ":" + std::to_string(round);
+            const std::string text =
+                std::to_string(row) + ":" + std::to_string(column) + ":" + std::to_string(round);
             // Grows, shrinks, and becomes a number and a text again.
-            return round == 1 ? text + std::string(row % 50, '.') : round == 2 ? std::to_string(row * column) : text;
+            return round == 1   ? text + std::string(row % 50, '.')
+                   : round == 2 ? std::to_string(row * column)
+                                : text;
         };
         for (int round = 0; round < 4; ++round) {
             for (std::size_t i = 0; i < 200 * 20; ++i) {
@@ -151,8 +158,11 @@ TEST(QZWebTable, FillReplacesAllRows) {
     table.Fill(columns, std::vector<std::string>{"1", "x", "", "007"});
     EXPECT_EQ(RowsOf(table), "{ A=[1] B=[x]}{ B=[007]}");
     EXPECT_EQ(table.Name(), "T");
-    EXPECT_EQ(ErrorOf([&] { table.Fill(columns, std::vector<std::string>{"1"}); }), "5 Invalid procedure call or argument");
-    EXPECT_EQ(ErrorOf([&] { table.Fill(std::vector<std::string>{"A", "A"}, {}); }),
+    EXPECT_EQ(ErrorOf([&] { table.Fill(columns, std::vector<std::string>{"1"}); }),
+              "5 Invalid procedure call or argument");
+    EXPECT_EQ(ErrorOf([&] {
+                  table.Fill(std::vector<std::string>{"A", "A"}, {});
+              }),
               "457 This key is already associated with an element of this collection");
     EXPECT_EQ(RowsOf(table), "{ A=[1] B=[x]}{ B=[007]}");
     table.Fill({}, {});
@@ -164,16 +174,19 @@ TEST(QZWebTable, WhatXmlCannotHoldIsRefusedWhenItIsWritten) {
     table.AddRow();
     table.SetField(1, "A", "\x01");
     EXPECT_EQ(table.Field(1, "A"), "\x01");
-    EXPECT_EQ(ErrorOf([&] { table.Text(); }), "1003 Document error at line 2, column 11: a character that XML does not allow");
+    EXPECT_EQ(ErrorOf([&] { table.Text(); }),
+              "1003 Document error at line 2, column 11: a character that XML does not allow");
     table.SetField(1, "A", "");
     table.SetField(1, "B C", "");
-    EXPECT_EQ(ErrorOf([&] { table.Text(); }), "1003 Document error at line 2, column 13: a name that XML does not allow");
+    EXPECT_EQ(ErrorOf([&] { table.Text(); }),
+              "1003 Document error at line 2, column 13: a name that XML does not allow");
 }
 
 TEST(QZWebTable, ABadDocumentChangesNothing) {
     QZWebTable table = Loaded("<row A='1'/>");
-    EXPECT_EQ(ErrorOf([&] { table.LoadText("<WebTable Name='U'><row A='2'/><row A='3'></WebTable>"); }),
-              "1003 Document error at line 1, column 45: the end tag WebTable does not close the element row");
+    EXPECT_EQ(
+        ErrorOf([&] { table.LoadText("<WebTable Name='U'><row A='2'/><row A='3'></WebTable>"); }),
+        "1003 Document error at line 1, column 45: the end tag WebTable does not close the element row");
     EXPECT_EQ(ErrorOf([&] { table.LoadText("<WebData/>"); }),
               "1003 Document error at line 1, column 1: the element WebTable is expected");
     EXPECT_EQ(ErrorOf([&] { table.LoadText("<WebTable Name='U'/><!--"); }),

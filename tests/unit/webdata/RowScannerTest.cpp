@@ -28,10 +28,31 @@ const Style kStyles[] = {
 };
 
 std::string RandomValue(std::mt19937& random) {
-    static const std::vector<std::string> kValues{
-        "",     "0",         "7",         "00",          "12345678", "123456789", "2147483647", "2147483648", "-5",
-        "1.5",  "BU000123",  "x",         "two words",   "a > b",    "it''s",     "&amp;",      "&#10;",      "&quot;&apos;",
-        "\xC3\xA9t\xC3\xA9", "\xF0\x9F\x98\x80", "1234567\xC3\xA9", "]]>", "12345678901234567890", "=", "/>"};
+    static const std::vector<std::string> kValues{"",
+                                                  "0",
+                                                  "7",
+                                                  "00",
+                                                  "12345678",
+                                                  "123456789",
+                                                  "2147483647",
+                                                  "2147483648",
+                                                  "-5",
+                                                  "1.5",
+                                                  "BU000123",
+                                                  "x",
+                                                  "two words",
+                                                  "a > b",
+                                                  "it''s",
+                                                  "&amp;",
+                                                  "&#10;",
+                                                  "&quot;&apos;",
+                                                  "\xC3\xA9t\xC3\xA9",
+                                                  "\xF0\x9F\x98\x80",
+                                                  "1234567\xC3\xA9",
+                                                  "]]>",
+                                                  "12345678901234567890",
+                                                  "=",
+                                                  "/>"};
     // Mostly plain, so that rows follow one another the fast way.
     if (random() % 4 != 0) return std::to_string(random() % 1000);
     if (random() % 20 == 0) return std::string(random() % 300, 'v');
@@ -46,7 +67,8 @@ Rows RandomRows(unsigned seed) {
     std::mt19937 random(seed);
     Rows rows;
     std::vector<std::string> columns;
-    for (unsigned i = 0; i < 1 + seed % 19; ++i) columns.push_back("C" + std::string(random() % 20, 'o') + std::to_string(i));
+    for (unsigned i = 0; i < 1 + seed % 19; ++i)
+        columns.push_back("C" + std::string(random() % 20, 'o') + std::to_string(i));
     for (int i = 0; i < 300; ++i) {
         if (random() % 50 == 0) std::shuffle(columns.begin(), columns.end(), random);
         auto& row = rows.emplace_back();
@@ -100,8 +122,9 @@ TEST_P(FaultInARow, IsFoundWhereverTheRowStands) {
             text += "<row A=\"1\" " + (row == place ? GetParam().instead : "B=\"5\"") + " C=\"text\"/>\n";
         }
         QZWebTable table;
-        EXPECT_EQ(ErrorOf([&] { table.LoadText(text + "</WebTable>"); }),
-                  "1003 Document error at line " + std::to_string(place + 2) + ", column " + GetParam().error);
+        EXPECT_EQ(
+            ErrorOf([&] { table.LoadText(text + "</WebTable>"); }),
+            "1003 Document error at line " + std::to_string(place + 2) + ", column " + GetParam().error);
     }
 }
 
@@ -109,7 +132,8 @@ INSTANTIATE_TEST_SUITE_P(
     Faults, FaultInARow,
     testing::Values(FaultCase{"less_than", "B=\"<\"", "15: '<' in a value"},
                     FaultCase{"control", "B=\"\x02\"", "15: a character that XML does not allow"},
-                    FaultCase{"control_behind_digits", "B=\"12\x02\"", "17: a character that XML does not allow"},
+                    FaultCase{"control_behind_digits", "B=\"12\x02\"",
+                              "17: a character that XML does not allow"},
                     FaultCase{"not_utf8", "B=\"\xFF\"", "15: the text is not valid UTF-8"},
                     FaultCase{"surrogate", "B=\"\xED\xA0\x80\"", "15: a character that XML does not allow"},
                     FaultCase{"ampersand", "B=\"a & b\"", "17: '&' that starts no reference"},
@@ -124,7 +148,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(RowScanner, RowsThatOnlyDifferInTheirTagAreNotTakenForRows) {
     std::string text = "<WebTable Name=\"T\">";
-    for (int i = 0; i < 50; ++i) text += i % 10 == 9 ? "<raw A=\"x\"/>\n" : "<row A=\"" + std::to_string(i) + "\"/>\n";
+    for (int i = 0; i < 50; ++i)
+        text += i % 10 == 9 ? "<raw A=\"x\"/>\n" : "<row A=\"" + std::to_string(i) + "\"/>\n";
     QZWebTable table;
     table.LoadText(text + "</WebTable>");
     EXPECT_EQ(table.RowCount(), 45u);
@@ -134,7 +159,8 @@ TEST(RowScanner, RowsInACommentAreNotTakenForRows) {
     std::string rows;
     for (int i = 0; i < 50; ++i) rows += "<row A=\"" + std::to_string(i) + "\"/>\n";
     QZWebTable table;
-    table.LoadText("<WebTable Name=\"T\">" + rows + "<!--" + rows + "-->" + rows + "<![CDATA[" + rows + "]]></WebTable>");
+    table.LoadText("<WebTable Name=\"T\">" + rows + "<!--" + rows + "-->" + rows + "<![CDATA[" + rows +
+                   "]]></WebTable>");
     EXPECT_EQ(table.RowCount(), 100u);
 }
 

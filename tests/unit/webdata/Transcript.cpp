@@ -15,17 +15,13 @@ std::string EventsOf(std::string_view document) {
                 events += '(';
                 events += reader.Name();
                 for (const XmlReader::Attribute& attribute : reader.Attributes()) {
-                    events.append(" ").append(attribute.name).append("=[").append(reader.Value(attribute)) += ']';
+                    events.append(" ").append(attribute.name).append("=[").append(reader.Value(attribute)) +=
+                        ']';
                 }
                 break;
-            case XmlReader::Event::EndElement:
-                events += ')';
-                break;
-            case XmlReader::Event::Text:
-                events.append("'").append(reader.Text()) += '\'';
-                break;
-            case XmlReader::Event::EndOfDocument:
-                return events;
+            case XmlReader::Event::EndElement: events += ')'; break;
+            case XmlReader::Event::Text: events.append("'").append(reader.Text()) += '\''; break;
+            case XmlReader::Event::EndOfDocument: return events;
         }
     }
 }

@@ -3,6 +3,8 @@
 // the dialog goes away and the call returns.
 #pragma once
 
+#include "windows/com/PlainWindows.h"
+
 #include "widgets/Platform.h"
 #include "windows/com/WindowHost.h"
 #include "windows/gdi/Fonts.h"

@@ -2,15 +2,16 @@
 // and for printing.
 #pragma once
 
-#include <windows.h>
+#include "windows/com/PlainWindows.h"
 
 #include "views/ViewerForm.h"
 #include "windows/gdi/Fonts.h"
 
 namespace dlv {
 
-/// Draws the form into `place` (logical units of `dc`) as it looks at its own size at `dpi`. Any device context
-/// will do, a metafile's too.
-void DrawControl(HDC dc, const RECT& place, ViewerForm& form, int dpi, const FontChoice& font = DefaultFont());
+/// Draws the form into `place` (logical units of `dc`) as it looks at its own size at `dpi`. Any device
+/// context will do, a metafile's too.
+void DrawControl(HDC dc, const RECT& place, ViewerForm& form, int dpi,
+                 const FontChoice& font = DefaultFont());
 
 }  // namespace dlv

@@ -1,7 +1,7 @@
 // The fonts of one surface: regular and bold in the size that its resolution asks for.
 #pragma once
 
-#include <windows.h>
+#include "windows/com/PlainWindows.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 // From twips to the pixels of a screen or printer and back.
 #pragma once
 
-#include <windows.h>
+#include "windows/com/PlainWindows.h"
 
 #include <cmath>
 

@@ -3,7 +3,7 @@
 // and is to be kept until no entry into the control is under way.
 #pragma once
 
-#include <windows.h>
+#include "windows/com/PlainWindows.h"
 
 #include <memory>
 
@@ -15,6 +15,8 @@ namespace dlv {
 /// From which side Tab brings the focus into the control.
 enum class FocusFrom { Before, Behind, Anywhere };
 enum class Shown { Hidden, Visible };
+
+class ControlSurface;
 
 class ControlWindow {
 public:
@@ -54,8 +56,7 @@ public:
     void SetFont(const FontChoice& font);
 
 private:
-    class Surface;
-    std::unique_ptr<Surface> surface_;
+    std::unique_ptr<ControlSurface> surface_;
 };
 
 }  // namespace dlv

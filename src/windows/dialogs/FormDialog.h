@@ -1,0 +1,38 @@
+// A portable modal form as a dialog of the system's: its controls as windows, its default and cancel buttons
+// on Enter and Esc, its timer.
+#pragma once
+
+#include "windows/gdi/Fonts.h"
+#include "windows/hwnd/FormListener.h"
+#include "windows/hwnd/FormWindows.h"
+#include "windows/hwnd/Window.h"
+
+namespace dlv {
+
+class FormDialog : public Window, private FormListener {
+public:
+    FormDialog(WindowHost& host, ModalForm& form, const FontChoice& font);
+    ~FormDialog() override;
+
+    /// Makes and shows the dialog before `owner`, which may be null.
+    void Open(HWND owner);
+    /// Runs until the form has closed, the control ends or the window is gone.
+    void Run();
+
+private:
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void Clicked(Control& control) override;
+    void FocusTaken(Control& control) override;
+
+    void SetSize(HWND owner);
+    void Press(WORD id);
+    Button* ButtonFor(WORD id) const;
+    void StartTimers();
+    bool Open() const;
+
+    ModalForm& form_;
+    FontChoice font_;
+    FormWindows windows_;
+};
+
+}  // namespace dlv

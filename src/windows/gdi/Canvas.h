@@ -1,0 +1,47 @@
+// What everything is drawn with: a device context, the fonts and colours for it, and the few ways in which
+// text and areas are drawn in this control.
+#pragma once
+
+#include "windows/com/PlainWindows.h"
+
+#include <string>
+
+#include "windows/gdi/Fonts.h"
+#include "windows/gdi/Palette.h"
+
+namespace dlv {
+
+/// Everything but the device context: what one surface keeps between two paintings.
+struct Look {
+    Scale scale;
+    Fonts fonts;
+    Palette palette;
+
+    Look(const FontChoice& choice, Scale newScale)
+        : scale(newScale), fonts(choice, newScale), palette(Palette::Current()) {}
+};
+
+class Canvas {
+public:
+    Canvas(HDC dc, const Look& look) : dc_(dc), look_(look) {}
+
+    HDC Dc() const { return dc_; }
+    const Palette& Colours() const { return look_.palette; }
+    const Fonts& Faces() const { return look_.fonts; }
+    int Scaled(int designPixels) const { return look_.scale(designPixels); }
+    Scale Measure() const { return look_.scale; }
+    const Look& Kept() const { return look_; }
+
+    void Fill(const RECT& area, COLORREF colour) const;
+    /// A line of `colour` along the inside of the area's edges.
+    void Outline(const RECT& area, COLORREF colour, int width = 1) const;
+    /// Text with a clear ground; `format` as for DrawText. Nothing in the text is a prefix.
+    void Text(RECT area, const std::wstring& text, Weight weight, COLORREF colour, UINT format) const;
+    int TextWidth(const std::wstring& text, Weight weight) const;
+
+private:
+    HDC dc_;
+    const Look& look_;
+};
+
+}  // namespace dlv

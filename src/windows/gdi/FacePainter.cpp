@@ -1,0 +1,62 @@
+#include "windows/gdi/FacePainter.h"
+
+#include "windows/com/Strings.h"
+
+namespace dlv {
+
+namespace {
+
+Weight WeightOf(const Label& label) { return label.Bold() ? Weight::Bold : Weight::Regular; }
+
+bool Wraps(const Canvas& canvas, const RECT& area) {
+    return area.bottom - area.top >= 2 * canvas.Faces().LineHeight();
+}
+
+UINT LabelFormat(const Canvas& canvas, const Label& label, const RECT& area) {
+    const UINT side = label.TextAlignment() == Alignment::Right    ? DT_RIGHT
+                      : label.TextAlignment() == Alignment::Centre ? DT_CENTER
+                                                                   : DT_LEFT;
+    return side | (Wraps(canvas, area) ? DT_WORDBREAK : DT_SINGLELINE);
+}
+
+}  // namespace
+
+void DrawLabel(const Canvas& canvas, const Label& label, const RECT& area, COLORREF ground) {
+    const Palette& colours = canvas.Colours();
+    canvas.Fill(area, ground);
+    COLORREF ink = colours.faceText;
+    if (label.ForeColour() && !colours.highContrast) ink = *label.ForeColour();
+    if (!label.Enabled()) ink = colours.disabledText;
+    canvas.Text(area, Wide(label.Caption()), WeightOf(label), ink,
+                LabelFormat(canvas, label, area) | DT_END_ELLIPSIS);
+}
+
+bool LabelTextFits(const Canvas& canvas, const Label& label, const RECT& area) {
+    const std::wstring text = Wide(label.Caption());
+    if (!Wraps(canvas, area)) return canvas.TextWidth(text, WeightOf(label)) <= area.right - area.left;
+    RECT needed = area;
+    const SelectScope font(canvas.Dc(), canvas.Faces().Get(WeightOf(label)));
+    DrawTextW(canvas.Dc(), text.c_str(), static_cast<int>(text.size()), &needed,
+              DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+    return needed.bottom <= area.bottom && needed.right <= area.right;
+}
+
+void DrawFrameEdge(const Canvas& canvas, const Frame& frame, const RECT& area, COLORREF ground) {
+    if (!frame.HasEdge()) return;
+    const Palette& colours = canvas.Colours();
+    const int line = canvas.Faces().LineHeight();
+    RECT edge = area;
+    edge.top += line / 2;
+    canvas.Outline(edge, colours.edge, std::max(1, canvas.Scaled(1)));
+    const std::wstring text = Wide(frame.Caption());
+    if (text.empty()) return;
+    const int gap = canvas.Scaled(3);
+    RECT caption{area.left + canvas.Scaled(8), area.top, area.right - canvas.Scaled(8), area.top + line};
+    caption.right = std::min(caption.right, caption.left + canvas.TextWidth(text, Weight::Regular) + 2 * gap);
+    canvas.Fill(caption, ground);
+    InflateRect(&caption, -gap, 0);
+    canvas.Text(caption, text, Weight::Regular, frame.Enabled() ? colours.faceText : colours.disabledText,
+                DT_SINGLELINE | DT_END_ELLIPSIS);
+}
+
+}  // namespace dlv

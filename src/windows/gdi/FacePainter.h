@@ -1,0 +1,25 @@
+// Draws the plain parts of a form: labels, frames and the pictures on tool bar buttons. The windows and the
+// picture of the control without windows both draw with it.
+#pragma once
+
+#include "widgets/Widgets.h"
+#include "windows/gdi/Canvas.h"
+
+namespace dlv {
+
+/// A label on a ground of that colour, which it fills. Text that needs more room wraps where the label is
+/// tall enough for two lines, and ends in an ellipsis where it is cut.
+void DrawLabel(const Canvas& canvas, const Label& label, const RECT& area, COLORREF ground);
+/// Whether the label's whole text is in sight in a label of that size.
+bool LabelTextFits(const Canvas& canvas, const Label& label, const RECT& area);
+
+/// The edge and caption of a frame, on a ground that is filled already.
+void DrawFrameEdge(const Canvas& canvas, const Frame& frame, const RECT& area, COLORREF ground);
+
+enum class IconState { Normal, Disabled };
+
+/// The picture for a tool bar item's key, in the middle of `area`. Keys: "SaveGrid", "PrintGrid", "Profiles",
+/// "Help"; nothing for others.
+void DrawToolIcon(const Canvas& canvas, const std::string& key, const RECT& area, IconState state);
+
+}  // namespace dlv

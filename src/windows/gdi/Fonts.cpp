@@ -1,0 +1,56 @@
+#include "windows/gdi/Fonts.h"
+
+namespace dlv {
+
+namespace {
+
+int CALLBACK NoteFound(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM found) {
+    *reinterpret_cast<bool*>(found) = true;
+    return 0;
+}
+
+bool IsInstalled(const wchar_t* face) {
+    const MemoryDc dc;
+    LOGFONTW wanted{};
+    wanted.lfCharSet = DEFAULT_CHARSET;
+    lstrcpynW(wanted.lfFaceName, face, LF_FACESIZE);
+    bool found = false;
+    EnumFontFamiliesExW(dc.Get(), &wanted, NoteFound, reinterpret_cast<LPARAM>(&found), 0);
+    return found;
+}
+
+Font MakeFont(const FontChoice& choice, Scale scale, Weight weight) {
+    LOGFONTW font{};
+    font.lfHeight = -static_cast<LONG>(std::lround(choice.points * scale.Dpi() / 72));
+    font.lfWeight = weight == Weight::Bold ? FW_BOLD : FW_NORMAL;
+    font.lfCharSet = DEFAULT_CHARSET;
+    font.lfQuality = CLEARTYPE_QUALITY;
+    lstrcpynW(font.lfFaceName, choice.face.c_str(), LF_FACESIZE);
+    return Font(CreateFontIndirectW(&font));
+}
+
+}  // namespace
+
+FontChoice DefaultFont() {
+    static const bool segoe = IsInstalled(L"Segoe UI");
+    return {segoe ? L"Segoe UI" : L"MS Shell Dlg 2", 9};
+}
+
+Fonts::Fonts(const FontChoice& choice, Scale scale)
+    : regular_(MakeFont(choice, scale, Weight::Regular)), bold_(MakeFont(choice, scale, Weight::Bold)) {
+    const MemoryDc dc;
+    const SelectScope font(dc.Get(), bold_.Get());
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(dc.Get(), &metrics);
+    lineHeight_ = metrics.tmHeight;
+}
+
+int Fonts::TextWidth(std::wstring_view text, Weight weight) const {
+    const MemoryDc dc;
+    const SelectScope font(dc.Get(), Get(weight));
+    SIZE size{};
+    GetTextExtentPoint32W(dc.Get(), text.data(), static_cast<int>(text.size()), &size);
+    return size.cx;
+}
+
+}  // namespace dlv

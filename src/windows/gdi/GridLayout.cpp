@@ -1,0 +1,144 @@
+#include "windows/gdi/GridLayout.h"
+
+#include <algorithm>
+
+namespace dlv {
+
+namespace {
+
+constexpr int kIndent = 16;
+constexpr int kBoxSize = 9;
+constexpr int kTreeTextRoom = 60;
+
+}  // namespace
+
+GridLayout::GridLayout(const OutlineGrid& grid, Scale scale, SIZE outer, int barSize)
+    : grid_(grid), scale_(scale), indent_(scale(kIndent)) {
+    double bottom = 0;
+    for (int row = 0; row < std::min(grid.FixedRows(), grid.Rows()); ++row) {
+        headerTops_.push_back(scale.ToPixels(bottom));
+        bottom += grid.RowHeight(row);
+    }
+    headerHeight_ = scale.ToPixels(bottom);
+    headerTops_.push_back(headerHeight_);
+    rowHeight_ = std::max(1, scale.ToPixels(grid.DefaultRowHeight()));
+    PlaceColumns(outer, barSize);
+
+    const int most = std::max(0, ColumnsWidth() - static_cast<int>(inner_.cx));
+    scrolled_ = std::clamp(scale.ToPixels(grid.ScrollLeft()), 0, horizontalBar_ ? most : 0);
+    top_ = std::clamp(grid.TopIndex(), grid.FixedRows(), LastTopIndex());
+}
+
+int GridLayout::DataRows() const {
+    return std::max(0, static_cast<int>(grid_.DisplayedRows().size()) - grid_.FixedRows());
+}
+
+// Columns that would fit if only the vertical scroll bar were not there are drawn closer together: a
+// horizontal scroll bar that moves by the width of the other one helps nobody.
+void GridLayout::PlaceColumns(SIZE outer, int barSize) {
+    double sum = 0;
+    edges_.push_back(0);
+    for (int column = 0; column < grid_.Columns(); ++column) {
+        sum += grid_.ColumnWidth(column);
+        edges_.push_back(scale_.ToPixels(sum));
+    }
+    const int width = ColumnsWidth();
+    const int height = headerHeight_ + DataRows() * rowHeight_;
+    inner_ = outer;
+    verticalBar_ = height > outer.cy;
+    if (verticalBar_) inner_.cx -= barSize;
+    if (width > inner_.cx && width > outer.cx) {
+        horizontalBar_ = true;
+        inner_.cy -= barSize;
+        if (!verticalBar_ && height > inner_.cy) {
+            verticalBar_ = true;
+            inner_.cx -= barSize;
+        }
+    } else if (width > inner_.cx && inner_.cx > 0) {
+        for (int& edge : edges_) edge = MulDiv(edge, inner_.cx, width);
+    }
+    inner_.cx = std::max(0L, inner_.cx);
+    inner_.cy = std::max(0L, inner_.cy);
+}
+
+int GridLayout::FullRows() const {
+    return std::max(1, (static_cast<int>(inner_.cy) - headerHeight_) / rowHeight_);
+}
+
+int GridLayout::LastTopIndex() const { return grid_.FixedRows() + std::max(0, DataRows() - FullRows()); }
+
+int GridLayout::EndIndex() const {
+    const int room = std::max(0, static_cast<int>(inner_.cy) - headerHeight_);
+    const int end = top_ + (room + rowHeight_ - 1) / rowHeight_;
+    return std::min(end, grid_.FixedRows() + DataRows());
+}
+
+RECT GridLayout::RowArea(int index) const {
+    RECT area{-scrolled_, 0, ColumnsWidth() - scrolled_, 0};
+    if (index < grid_.FixedRows()) {
+        area.top = headerTops_[Index(index)];
+        area.bottom = headerTops_[Index(index) + 1];
+    } else {
+        area.top = headerHeight_ + (index - top_) * rowHeight_;
+        area.bottom = area.top + rowHeight_;
+    }
+    return area;
+}
+
+RECT GridLayout::CellArea(int index, int column) const {
+    RECT area = RowArea(index);
+    area.left = ColumnLeft(column);
+    area.right = ColumnRight(column);
+    return area;
+}
+
+int GridLayout::Depth(int row) const {
+    const int depth = std::max(0, grid_.Level(row) - grid_.Level(grid_.FixedRows()));
+    const int width = ColumnRight(grid_.TreeColumn()) - ColumnLeft(grid_.TreeColumn());
+    const int deepest = (width - scale_(kTreeTextRoom)) / indent_;
+    return std::min(depth, std::max(1, deepest));
+}
+
+int GridLayout::BarPosition(int depth) const {
+    return ColumnLeft(grid_.TreeColumn()) + indent_ / 2 + 1 + depth * indent_;
+}
+
+std::optional<RECT> GridLayout::NodeBox(int index) const {
+    const int row = grid_.DisplayedRows()[Index(index)];
+    if (row < grid_.FixedRows() || !grid_.IsNode(row) || !grid_.HasChildren(row)) return std::nullopt;
+    const RECT area = RowArea(index);
+    const int size = scale_(kBoxSize) | 1;  // odd, so that the sign has a middle
+    const int left = BarPosition(Depth(row)) - size / 2;
+    const int top = (area.top + area.bottom - 1 - size) / 2;
+    return RECT{left, top, left + size, top + size};
+}
+
+std::optional<GridLayout::Hit> GridLayout::HitTest(POINT point) const {
+    if (point.x < 0 || point.y < 0 || point.x >= inner_.cx || point.y >= inner_.cy) return std::nullopt;
+    const auto edge = std::upper_bound(edges_.begin(), edges_.end(), static_cast<int>(point.x) + scrolled_);
+    if (edge == edges_.end()) return std::nullopt;
+    const int column = static_cast<int>(edge - edges_.begin()) - 1;
+    if (point.y < headerHeight_) {
+        const auto top = std::upper_bound(headerTops_.begin(), headerTops_.end(), static_cast<int>(point.y));
+        return Hit{static_cast<int>(top - headerTops_.begin()) - 1, column, false};
+    }
+    const int index = top_ + (static_cast<int>(point.y) - headerHeight_) / rowHeight_;
+    if (index >= grid_.FixedRows() + DataRows()) return std::nullopt;
+    Hit hit{grid_.DisplayedRows()[Index(index)], column, false};
+    if (const std::optional<RECT> box = NodeBox(index); box && column == grid_.TreeColumn()) {
+        RECT target = *box;
+        InflateRect(&target, scale_(3), scale_(3));
+        hit.onNodeBox = PtInRect(&target, point) != 0;
+    }
+    return hit;
+}
+
+std::string ShownText(const OutlineGrid& grid, int row, int column) {
+    std::string text = grid.CellText(row, column);
+    if (column != grid.TreeColumn()) return text;
+    for (int before = column - 1; text.empty() && before >= 0 && row >= grid.FixedRows(); --before)
+        if (grid.ColumnWidth(before) == 0) text = grid.CellText(row, before);
+    return text;
+}
+
+}  // namespace dlv

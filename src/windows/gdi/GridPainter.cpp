@@ -1,0 +1,225 @@
+#include "windows/gdi/GridPainter.h"
+
+#include <algorithm>
+#include <functional>
+
+#include "windows/com/Strings.h"
+
+namespace dlv {
+
+namespace {
+
+constexpr int kCellPadding = 4;
+
+RECT Inside(RECT area) {
+    --area.right;
+    --area.bottom;
+    return area;
+}
+
+bool Meets(const RECT& a, const RECT& b) {
+    RECT both;
+    return IntersectRect(&both, &a, &b) != 0;
+}
+
+std::size_t Combine(std::size_t seed, std::size_t value) {
+    return seed ^ (value + 0x9e3779b9U + (seed << 6) + (seed >> 2));
+}
+
+}  // namespace
+
+void GridPainter::Paint(const RECT& clip) const {
+    const SIZE inner = layout_.Inner();
+    const RECT area{0, 0, inner.cx, inner.cy};
+    RECT seen;
+    if (!IntersectRect(&seen, &area, &clip)) return;
+    const SaveScope save(canvas_.Dc());
+    IntersectClipRect(canvas_.Dc(), seen.left, seen.top, seen.right, seen.bottom);
+    const int end = std::max(0, layout_.ColumnsWidth() - layout_.Scrolled());
+    canvas_.Fill({end, 0, inner.cx, inner.cy}, canvas_.Colours().window);
+    PaintHeader(seen);
+    PaintBody(seen);
+}
+
+void GridPainter::PaintHeader(const RECT& clip) const {
+    if (clip.top >= layout_.HeaderHeight()) return;
+    for (int row = 0; row < std::min(grid_.FixedRows(), grid_.Rows()); ++row) {
+        for (int column = 0; column < grid_.Columns();) {
+            int last = column;
+            const std::string text = grid_.CellText(row, column);
+            while (row == 0 && last + 1 < grid_.Columns() && grid_.CellText(row, last + 1) == text &&
+                   grid_.HeaderColour(row, last + 1) == grid_.HeaderColour(row, column))
+                ++last;
+            const RECT area{layout_.ColumnLeft(column), 0, layout_.ColumnRight(last), layout_.HeaderHeight()};
+            if (Meets(area, clip)) PaintHeaderCell(row, column, last);
+            column = last + 1;
+        }
+    }
+}
+
+void GridPainter::PaintHeaderCell(int row, int column, int lastColumn) const {
+    const Palette& colours = canvas_.Colours();
+    RECT area = layout_.CellArea(row, column);
+    area.right = layout_.ColumnRight(lastColumn);
+    const std::optional<Colour> colour = grid_.HeaderColour(row, column);
+    const bool plain = !colour || colours.highContrast;
+    canvas_.Fill(area, colours.headerLine);
+    canvas_.Fill(Inside(area), plain ? colours.face : colours.Ground(colour));
+
+    const std::wstring text = Wide(grid_.CellText(row, column));
+    const Weight weight = grid_.RowBold(row) || grid_.ColumnBold(column) ? Weight::Bold : Weight::Regular;
+    // A caption over several columns stays in the middle of what is in sight of them.
+    RECT place = Inside(area);
+    place.left = std::max(place.left, 0L);
+    place.right = std::min(place.right, layout_.Inner().cx);
+    InflateRect(&place, -canvas_.Scaled(2), 0);
+    RECT needed = place;
+    const UINT format = DT_CENTER | DT_WORDBREAK | DT_NOPREFIX;
+    {
+        const SelectScope font(canvas_.Dc(), canvas_.Faces().Get(weight));
+        DrawTextW(canvas_.Dc(), text.c_str(), static_cast<int>(text.size()), &needed, format | DT_CALCRECT);
+    }
+    const LONG spare = (place.bottom - place.top) - (needed.bottom - needed.top);
+    place.top += std::max(0L, spare / 2);
+    const SaveScope save(canvas_.Dc());
+    const RECT inside = Inside(area);
+    IntersectClipRect(canvas_.Dc(), inside.left, inside.top, inside.right, inside.bottom);
+    canvas_.Text(place, text, weight, plain ? colours.faceText : colours.TextOn(colour),
+                 format | DT_END_ELLIPSIS);
+}
+
+void GridPainter::PaintBody(const RECT& clip) const {
+    const SIZE inner = layout_.Inner();
+    const SaveScope save(canvas_.Dc());
+    IntersectClipRect(canvas_.Dc(), 0, layout_.HeaderHeight(), inner.cx, inner.cy);
+    const int end = layout_.EndIndex();
+    for (int index = layout_.TopIndex(); index < end; ++index)
+        if (Meets(layout_.RowArea(index), clip)) PaintRow(index, clip);
+    const LONG bottom = end > layout_.TopIndex() ? layout_.RowArea(end - 1).bottom : layout_.HeaderHeight();
+    canvas_.Fill({0, bottom, inner.cx, inner.cy}, canvas_.Colours().window);
+}
+
+void GridPainter::PaintRow(int index, const RECT& clip) const {
+    const int row = grid_.DisplayedRows()[static_cast<std::size_t>(index)];
+    const RECT area = layout_.RowArea(index);
+    canvas_.Fill({area.left, area.bottom - 1, area.right, area.bottom}, canvas_.Colours().gridLine);
+    for (int column = 0; column < grid_.Columns(); ++column) {
+        const LONG left = layout_.ColumnLeft(column);
+        const LONG right = layout_.ColumnRight(column);
+        if (right <= left || right <= clip.left || left >= clip.right) continue;
+        canvas_.Fill({right - 1, area.top, right, area.bottom}, canvas_.Colours().gridLine);
+        PaintCell(index, row, column);
+    }
+}
+
+bool GridPainter::IsCurrent(int row, int column) const {
+    return row == grid_.CurrentRow() && column == grid_.CurrentColumn();
+}
+
+void GridPainter::PaintCell(int index, int row, int column) const {
+    const Palette& colours = canvas_.Colours();
+    const RECT area = Inside(layout_.CellArea(index, column));
+    const bool current = IsCurrent(row, column);
+    const bool held = current && focus_ != GridFocus::None;
+    const std::optional<Colour> colour = grid_.RowBackColour(row);
+    const COLORREF ground = held ? colours.selected : current ? colours.resting : colours.Ground(colour);
+    const COLORREF ink = held ? colours.selectedText : current ? colours.restingText : colours.TextOn(colour);
+    const bool tree = column == grid_.TreeColumn();
+    RECT filled = area;
+    if (tree && current) {
+        // The bars keep the row's own ground, so that they stay readable.
+        filled.left = std::min(area.right, static_cast<LONG>(layout_.TextPosition(layout_.Depth(row))));
+        canvas_.Fill({area.left, area.top, filled.left, area.bottom}, colours.Ground(colour));
+    }
+    canvas_.Fill(filled, ground);
+    if (tree) PaintTree(index, row, area);
+
+    const std::wstring text = Wide(ShownText(grid_, row, column));
+    const Weight weight = grid_.RowBold(row) || grid_.ColumnBold(column) ? Weight::Bold : Weight::Regular;
+    const int padding = canvas_.Scaled(kCellPadding);
+    RECT place = area;
+    place.right -= padding;
+    place.left = tree ? layout_.TextPosition(layout_.Depth(row)) + padding / 2 : place.left + padding;
+    const UINT side = column > grid_.TreeColumn() ? DT_RIGHT : DT_LEFT;
+    if (place.right > place.left)
+        canvas_.Text(place, text, weight, ink, side | DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS);
+
+    if (current && !held) canvas_.Outline(filled, colours.outline);
+    if (current && focus_ == GridFocus::HeldWithCue) {
+        SetTextColor(canvas_.Dc(), ink);
+        SetBkColor(canvas_.Dc(), ground);
+        DrawFocusRect(canvas_.Dc(), &filled);
+    }
+}
+
+// A bar hangs below each open node down to the last of the rows that stand under it. Whether it goes on can
+// be seen from the next displayed row alone.
+void GridPainter::PaintTree(int index, int row, const RECT& cell) const {
+    const std::vector<int>& rows = grid_.DisplayedRows();
+    const std::size_t next = static_cast<std::size_t>(index) + 1;
+    const int depth = layout_.Depth(row);
+    const int nextDepth = next < rows.size() ? layout_.Depth(rows[next]) : 0;
+    const COLORREF colour = canvas_.Colours().outline;
+    const int middle = (cell.top + cell.bottom) / 2;
+    const int width = std::max(1, canvas_.Scaled(1));
+    const SaveScope save(canvas_.Dc());
+    IntersectClipRect(canvas_.Dc(), cell.left, cell.top, cell.right, cell.bottom + 1);
+    for (int bar = 0; bar < depth; ++bar) {
+        const int x = layout_.BarPosition(bar);
+        const bool ends = nextDepth <= bar;
+        canvas_.Fill({x, cell.top, x + width, ends ? middle + width : cell.bottom + 1}, colour);
+        if (ends) canvas_.Fill({x, middle, x + canvas_.Scaled(5), middle + width}, colour);
+    }
+    const std::optional<RECT> box = layout_.NodeBox(index);
+    if (!box) return;
+    if (!grid_.IsCollapsed(row)) {
+        const int x = layout_.BarPosition(depth);
+        canvas_.Fill({x, box->bottom, x + width, cell.bottom + 1}, colour);
+    }
+    PaintNodeBox(*box, grid_.IsCollapsed(row));
+}
+
+void GridPainter::PaintNodeBox(const RECT& box, bool collapsed) const {
+    const Palette& colours = canvas_.Colours();
+    const int width = std::max(1, canvas_.Scaled(1));
+    canvas_.Fill(box, colours.window);
+    canvas_.Outline(box, colours.outline, width);
+    const int gap = width + canvas_.Scaled(1);
+    const LONG across = (box.top + box.bottom - width) / 2;
+    const LONG down = (box.left + box.right - width) / 2;
+    canvas_.Fill({box.left + gap, across, box.right - gap, across + width}, colours.windowText);
+    if (collapsed) canvas_.Fill({down, box.top + gap, down + width, box.bottom - gap}, colours.windowText);
+}
+
+std::size_t RowFingerprint(const OutlineGrid& grid, int index) {
+    const std::vector<int>& rows = grid.DisplayedRows();
+    const std::size_t place = static_cast<std::size_t>(index);
+    const int row = rows[place];
+    const int nextLevel = place + 1 < rows.size() ? grid.Level(rows[place + 1]) : 0;
+    std::size_t sum = 0;
+    const int base = grid.Level(grid.FixedRows());
+    const int facts[] = {grid.Level(row) - base, nextLevel - base,
+                         (grid.RowBold(row) ? 1 : 0) | (grid.IsNode(row) && grid.HasChildren(row) ? 2 : 0) |
+                             (grid.IsCollapsed(row) ? 4 : 0),
+                         static_cast<int>(grid.RowBackColour(row).value_or(0xFFFFFFFF)),
+                         grid.CurrentRow() == row ? grid.CurrentColumn() : -1};
+    for (const int fact : facts) sum = Combine(sum, static_cast<std::size_t>(static_cast<unsigned>(fact)));
+    for (int column = 0; column < grid.Columns(); ++column)
+        sum = Combine(sum, std::hash<std::string>{}(ShownText(grid, row, column)));
+    return sum;
+}
+
+std::size_t HeaderFingerprint(const OutlineGrid& grid) {
+    std::size_t sum = 0;
+    for (int row = 0; row < std::min(grid.FixedRows(), grid.Rows()); ++row) {
+        for (int column = 0; column < grid.Columns(); ++column) {
+            sum = Combine(sum, std::hash<std::string>{}(grid.CellText(row, column)));
+            sum = Combine(sum, grid.HeaderColour(row, column).value_or(0xFFFFFFFF));
+            sum = Combine(sum, grid.ColumnBold(column) ? 1 : 0);
+        }
+        sum = Combine(sum, grid.RowBold(row) ? 1 : 0);
+    }
+    return sum;
+}
+
+}  // namespace dlv

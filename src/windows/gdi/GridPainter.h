@@ -1,0 +1,42 @@
+// Draws an outline grid: frozen header rows with merged captions, the outline's bars and node boxes, rows and
+// the current cell. Only what is in sight and inside the clip is read and drawn.
+#pragma once
+
+#include <cstddef>
+
+#include "windows/gdi/Canvas.h"
+#include "windows/gdi/GridLayout.h"
+
+namespace dlv {
+
+enum class GridFocus { None, Held, HeldWithCue };
+
+class GridPainter {
+public:
+    GridPainter(const Canvas& canvas, const OutlineGrid& grid, const GridLayout& layout, GridFocus focus)
+        : canvas_(canvas), grid_(grid), layout_(layout), focus_(focus) {}
+
+    /// Covers all of `clip` that lies inside the grid's scroll bars.
+    void Paint(const RECT& clip) const;
+
+private:
+    void PaintHeader(const RECT& clip) const;
+    void PaintHeaderCell(int row, int column, int lastColumn) const;
+    void PaintBody(const RECT& clip) const;
+    void PaintRow(int index, const RECT& clip) const;
+    void PaintCell(int index, int row, int column) const;
+    void PaintTree(int index, int row, const RECT& cell) const;
+    void PaintNodeBox(const RECT& box, bool collapsed) const;
+    bool IsCurrent(int row, int column) const;
+
+    const Canvas& canvas_;
+    const OutlineGrid& grid_;
+    const GridLayout& layout_;
+    GridFocus focus_;
+};
+
+/// A number that changes when what the displayed row at `index` shows changes, whatever its place.
+std::size_t RowFingerprint(const OutlineGrid& grid, int index);
+std::size_t HeaderFingerprint(const OutlineGrid& grid);
+
+}  // namespace dlv

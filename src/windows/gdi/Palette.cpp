@@ -1,0 +1,48 @@
+#include "windows/gdi/Palette.h"
+
+namespace dlv {
+
+namespace {
+
+bool InHighContrast() {
+    HIGHCONTRASTW contrast{};
+    contrast.cbSize = sizeof contrast;
+    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+/// `share` parts of a hundred of `over`, the rest of `ground`.
+COLORREF Mix(COLORREF over, COLORREF ground, int share) {
+    const auto part = [&](int a, int b) { return static_cast<BYTE>((a * share + b * (100 - share)) / 100); };
+    return RGB(part(GetRValue(over), GetRValue(ground)), part(GetGValue(over), GetGValue(ground)),
+               part(GetBValue(over), GetBValue(ground)));
+}
+
+}  // namespace
+
+Palette Palette::Current() {
+    Palette palette{};
+    palette.highContrast = InHighContrast();
+    palette.face = GetSysColor(COLOR_BTNFACE);
+    palette.faceText = GetSysColor(COLOR_BTNTEXT);
+    palette.disabledText = GetSysColor(COLOR_GRAYTEXT);
+    palette.window = GetSysColor(COLOR_WINDOW);
+    palette.windowText = GetSysColor(COLOR_WINDOWTEXT);
+    palette.selected = GetSysColor(COLOR_HIGHLIGHT);
+    palette.selectedText = GetSysColor(COLOR_HIGHLIGHTTEXT);
+    if (palette.highContrast) {
+        palette.resting = palette.window;
+        palette.restingText = palette.windowText;
+        palette.gridLine = palette.headerLine = palette.outline = palette.edge = palette.windowText;
+    } else {
+        palette.resting = palette.face;
+        palette.restingText = palette.faceText;
+        palette.gridLine = Mix(palette.windowText, palette.window, 22);
+        palette.headerLine = Mix(palette.windowText, palette.window, 45);
+        palette.outline = Mix(palette.windowText, palette.window, 50);
+        palette.edge = Mix(palette.faceText, palette.face, 22);
+    }
+    return palette;
+}
+
+}  // namespace dlv

@@ -1,0 +1,29 @@
+// The system's common controls in their themed version. The version is chosen by an activation context made
+// from the manifest inside this library (resource 2, the place that isolation-aware libraries keep it in), so
+// that it does not depend on what the host asks for.
+#pragma once
+
+#include "windows/com/PlainWindows.h"
+
+namespace dlv {
+
+/// The context is active on this thread while it lives. Without a manifest the host's own context stays.
+class ControlsScope {
+public:
+    ControlsScope();
+    ~ControlsScope();
+    ControlsScope(const ControlsScope&) = delete;
+    ControlsScope& operator=(const ControlsScope&) = delete;
+
+private:
+    ULONG_PTR cookie_ = 0;
+    bool active_ = false;
+};
+
+/// Registers the classes of list view, tab strip, tool bar and tool tips. Inside a ControlsScope.
+void NeedCommonControls();
+
+/// The library or program that this code stands in.
+HINSTANCE OwnModule();
+
+}  // namespace dlv

@@ -1,0 +1,49 @@
+// The outer window itself: it hands the form's events to the control's handlers and follows its container's
+// resolution and the system's settings.
+#pragma once
+
+#include "windows/hwnd/ControlWindow.h"
+#include "windows/hwnd/FormListener.h"
+#include "windows/hwnd/FormWindows.h"
+#include "windows/hwnd/Window.h"
+
+namespace dlv {
+
+class ControlSurface : public Window, private FormListener {
+public:
+    ControlSurface(WindowHost& host, const FontChoice& font);
+    ~ControlSurface() override;
+
+    void Create(HWND parent, const RECT& place);
+    void Flush();
+    void TakeFocus(FocusFrom from);
+    bool TranslateKey(const MSG& message);
+    Bounds SizeInTwips() const;
+    int Dpi() const { return scale_.Dpi(); }
+    void SetDpi(int dpi);
+    void SetFont(const FontChoice& font);
+
+private:
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnSize();
+    void SystemChanged();
+
+    void Clicked(Control& control) override;
+    void TabChosen(TabStrip& tabs) override;
+    void ToolChosen(Toolbar& bar, const std::string& key) override;
+    void GridPressed(OutlineGrid& grid, int button) override;
+    void GridDoubleClicked(OutlineGrid& grid, int row, int column) override;
+    void GridKeyPressed(OutlineGrid& grid, int key, bool shift) override;
+    void FocusEntered() override { Host().FocusEntered(); }
+    void FocusLeft() override { Host().FocusLeft(); }
+
+    int IndexOf(const OutlineGrid& grid) const;
+    ViewerForm& Form() const { return Host().Viewer().Controls(); }
+
+    FormWindows windows_;
+    FontChoice font_;
+    Scale scale_;
+    SIZE size_{};
+};
+
+}  // namespace dlv

@@ -1,0 +1,31 @@
+// What a person did to the windows of a form. Every call comes from inside an entry into the control, after
+// the form's state was changed, except for option buttons, whose group the listener knows.
+#pragma once
+
+#include <string>
+
+#include "widgets/OutlineGrid.h"
+#include "widgets/Widgets.h"
+
+namespace dlv {
+
+class FormListener {
+public:
+    virtual ~FormListener() = default;
+
+    /// A button, an option button, or a label that answers clicks.
+    virtual void Clicked(Control& control) = 0;
+    virtual void TabChosen(TabStrip& /*tabs*/) {}
+    virtual void ToolChosen(Toolbar& /*bar*/, const std::string& /*key*/) {}
+    /// `button` as the mouse handlers of forms count: 1 left, 2 right, 4 middle.
+    virtual void GridPressed(OutlineGrid& /*grid*/, int /*button*/) {}
+    /// The cell under the mouse; (-1, -1) outside all cells.
+    virtual void GridDoubleClicked(OutlineGrid& /*grid*/, int /*row*/, int /*column*/) {}
+    virtual void GridKeyPressed(OutlineGrid& /*grid*/, int /*key*/, bool /*shift*/) {}
+    virtual void FocusTaken(Control& /*control*/) {}
+    /// The focus came into one of the form's windows from outside, or left them for the outside.
+    virtual void FocusEntered() {}
+    virtual void FocusLeft() {}
+};
+
+}  // namespace dlv

@@ -1,0 +1,95 @@
+// The windows of a form: one for each of its controls, made once and from then on brought up to date with the
+// state. Control by control the difference is applied, all moves together, and nothing is painted twice.
+#pragma once
+
+#include "windows/com/PlainWindows.h"
+
+#include <memory>
+#include <vector>
+
+#include "widgets/Form.h"
+#include "windows/com/WindowHost.h"
+#include "windows/gdi/Canvas.h"
+#include "windows/hwnd/FormListener.h"
+
+namespace dlv {
+
+class Mirror;
+class ToolTips;
+
+enum class Direction { Forward, Backward };
+
+class FormWindows {
+public:
+    FormWindows(WindowHost& host, Form& form, FormListener& listener);
+    ~FormWindows();
+    FormWindows(const FormWindows&) = delete;
+    FormWindows& operator=(const FormWindows&) = delete;
+
+    /// Makes the windows inside `parent`. Controls without a container stand on `parent` itself.
+    void Make(HWND parent, const FontChoice& font, Scale scale);
+    /// Ends the windows; the objects stay, since one of them may be under way.
+    void Destroy();
+    void Flush();
+    /// Fonts and measures for another resolution or font, and the system's colours as they are now.
+    void SetLook(const FontChoice& font, Scale scale);
+
+    /// The control's window; null for one that shows none.
+    Mirror* Find(const Control& control) const;
+    /// The mirror whose window has the focus, or holds the window that has it.
+    Mirror* Focused() const;
+    /// To the next control that takes the focus; false when there is none in that direction.
+    bool MoveFocus(Direction direction);
+    /// To the control that had the focus last, else to the first or last that takes it.
+    bool TakeFocus(Direction direction);
+    bool TakeLastFocus();
+    /// Arrow keys between option buttons of one group. True when the key was one.
+    bool MoveInGroup(int key);
+
+    // For the mirrors.
+
+    WindowHost& Host() const { return host_; }
+    FormListener& Listener() const { return listener_; }
+    const Look& Kept() const { return *look_; }
+    /// While state is written into windows, what they report is an echo.
+    bool Applying() const { return applying_; }
+    HWND Parent() const { return parent_; }
+    HWND TipWindow() const;
+    /// The ground that a control stands on.
+    COLORREF Ground(const Control& control) const;
+    HBRUSH GroundBrush(const Control& control) const;
+    /// Declares a frame to lie on a tab strip's page.
+    void SetPage(const Frame& frame) { pages_.push_back(&frame); }
+    /// A number for a window that no other of the form has.
+    int NextId() { return nextId_++; }
+    void FocusChanged(Mirror& mirror, HWND other, bool gained);
+
+private:
+    class ApplyScope;
+    HWND ParentWindow(const Control& control) const;
+    bool CanTakeFocus(const Mirror& mirror) const;
+    bool IsInside(HWND window) const;
+    bool OnPage(const Control& control) const;
+    void Apply(std::vector<Mirror*>& changed);
+    void PlaceAll(const std::vector<Mirror*>& changed);
+    void ReleaseFocusOf(const Mirror& mirror);
+    bool FocusFrom(std::ptrdiff_t start, Direction direction);
+    void MakeGround();
+
+    WindowHost& host_;
+    Form& form_;
+    FormListener& listener_;
+    HWND parent_ = nullptr;
+    std::unique_ptr<Look> look_;
+    std::unique_ptr<ToolTips> tips_;
+    std::vector<std::unique_ptr<Mirror>> mirrors_;
+    std::vector<const Frame*> pages_;
+    Brush groundBrush_;
+    Brush pageBrush_;
+    COLORREF page_ = 0;
+    const Control* lastFocus_ = nullptr;
+    int nextId_ = 1000;
+    bool applying_ = false;
+};
+
+}  // namespace dlv

@@ -1,0 +1,67 @@
+// The window of an outline grid. The grid's state stays in the grid: the window paints it from a buffer, only
+// the rows that changed, and turns keys, mouse, wheel and scroll bars into changes of that state.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "widgets/GridKeys.h"
+#include "windows/gdi/GridPainter.h"
+#include "windows/gdi/PaintBuffer.h"
+#include "windows/hwnd/Mirror.h"
+
+namespace dlv {
+
+class GridWindow : public Mirror {
+public:
+    GridWindow(FormWindows& form, OutlineGrid& grid) : Mirror(form, grid), grid_(grid) {}
+    void Make(HWND parent) override;
+    void Apply() override;
+    void LookChanged() override;
+    bool TakesFocus() const override { return true; }
+    std::string ToolTip() const override { return {}; }
+
+protected:
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    /// What was on the screen when it was last compared with the state.
+    struct Snapshot {
+        SIZE inner{};
+        int scrolled = -1;
+        int treeColumn = -1;
+        std::vector<int> edges;
+        std::vector<bool> bold;
+        std::size_t header = 0;
+        std::vector<std::size_t> rows;
+    };
+
+    GridLayout Layout() const;
+    GridSight Sight(const GridLayout& layout) const;
+    GridFocus FocusNow() const;
+
+    void UpdateBars(const GridLayout& layout);
+    void InvalidateChanges(const GridLayout& layout);
+    void InvalidateRow(int row);
+    void Paint();
+    void PaintInto(HDC dc, const RECT& clip) const;
+
+    std::optional<LRESULT> OnInput(UINT message, WPARAM wParam, LPARAM lParam);
+    void Normalise(const GridLayout& layout);
+    bool OnKey(int key);
+    LRESULT OnDialogCode(const MSG* message) const;
+    void OnButton(UINT message, POINT point);
+    void OnVerticalBar(int request);
+    void OnHorizontalBar(int request);
+    bool OnWheel(UINT message, int delta);
+
+    OutlineGrid& grid_;
+    Snapshot snapshot_;
+    Bitmap picture_;
+    SIZE pictureSize_{};
+    int wheelRest_ = 0;
+    int sideWheelRest_ = 0;
+    bool updatingBars_ = false;
+};
+
+}  // namespace dlv

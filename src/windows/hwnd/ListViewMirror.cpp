@@ -1,0 +1,127 @@
+#include "windows/hwnd/ListViewMirror.h"
+
+#include <uxtheme.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "base/Text.h"
+#include "windows/com/Strings.h"
+
+namespace dlv {
+
+void ListViewMirror::Make(HWND parent) {
+    Making making;
+    making.style = WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS |
+                   LVS_NOCOLUMNHEADER;
+    making.extendedStyle = WS_EX_CLIENTEDGE;
+    making.parent = parent;
+    MakeNative(WC_LISTVIEWW, making);
+    SetWindowTheme(Handle(), L"Explorer", nullptr);
+    const DWORD styles = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
+    SendMessageW(Handle(), LVM_SETEXTENDEDLISTVIEWSTYLE, styles, static_cast<LPARAM>(styles));
+    LVCOLUMNW column{};
+    column.mask = LVCF_FMT;
+    column.fmt = LVCFMT_LEFT;
+    SendMessageW(Handle(), LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
+    version_ = list_.ItemsVersion() - 1;
+}
+
+void ListViewMirror::LookChanged() {
+    Mirror::LookChanged();
+    SendMessageW(Handle(), LVM_SETBKCOLOR, 0, static_cast<LPARAM>(Kept().palette.window));
+    SendMessageW(Handle(), LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(Kept().palette.window));
+    SendMessageW(Handle(), LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(Kept().palette.windowText));
+}
+
+void ListViewMirror::Apply() {
+    if (version_ != list_.ItemsVersion()) {
+        version_ = list_.ItemsVersion();
+        SendMessageW(Handle(), LVM_SETITEMCOUNT, list_.Items().size(),
+                     LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL);
+        InvalidateRect(Handle(), nullptr, FALSE);
+    }
+    ApplyColumn();
+    ApplySelection();
+}
+
+void ListViewMirror::ApplyColumn() {
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    const int wanted = std::min(Kept().scale.ToPixels(list_.ColumnWidth()), static_cast<int>(client.right));
+    // Until the state says how wide the column is, it fills the list.
+    const int width = wanted > 0 ? wanted : static_cast<int>(client.right);
+    if (SendMessageW(Handle(), LVM_GETCOLUMNWIDTH, 0, 0) != width)
+        SendMessageW(Handle(), LVM_SETCOLUMNWIDTH, 0, MAKELPARAM(width, 0));
+}
+
+// The window is asked for its selected items alone: a list may be long.
+std::vector<bool> ListViewMirror::SelectedInWindow() {
+    std::vector<bool> selected(list_.Items().size());
+    LRESULT item = -1;
+    while ((item = Default(LVM_GETNEXTITEM, static_cast<WPARAM>(item), LVNI_SELECTED)) >= 0 &&
+           static_cast<std::size_t>(item) < selected.size())
+        selected[static_cast<std::size_t>(item)] = true;
+    return selected;
+}
+
+void ListViewMirror::ApplySelection() {
+    const std::vector<bool> shown = SelectedInWindow();
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const bool selected = list_.Items()[i].selected;
+        if (shown[i] == selected) continue;
+        LVITEMW item{};
+        item.state = selected ? LVIS_SELECTED : 0u;
+        item.stateMask = LVIS_SELECTED;
+        Default(LVM_SETITEMSTATE, i, reinterpret_cast<LPARAM>(&item));
+    }
+}
+
+void ListViewMirror::NoteSelection() {
+    const std::vector<bool> shown = SelectedInWindow();
+    for (std::size_t i = 0; i < shown.size(); ++i) list_.SetSelected(i, shown[i]);
+}
+
+void ListViewMirror::GiveText(NMLVDISPINFOW& info) {
+    const std::size_t index = static_cast<std::size_t>(info.item.iItem);
+    if ((info.item.mask & LVIF_TEXT) == 0) return;
+    text_ = index < list_.Items().size() ? Wide(list_.Items()[index].text) : std::wstring();
+    info.item.pszText = text_.data();
+}
+
+// Typing letters goes to the next item that begins with them.
+int ListViewMirror::FindFrom(const NMLVFINDITEMW& find) const {
+    if ((find.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || list_.Items().empty()) return -1;
+    const std::string wanted = FoldCase(Narrow(std::wstring_view(find.lvfi.psz)));
+    const std::size_t count = list_.Items().size();
+    for (std::size_t step = 0; step < count; ++step) {
+        const std::size_t index = (static_cast<std::size_t>(std::max(find.iStart, 0)) + step) % count;
+        if (FoldCase(list_.Items()[index].text).starts_with(wanted)) return static_cast<int>(index);
+    }
+    return -1;
+}
+
+LRESULT ListViewMirror::OnNotify(NMHDR& header) {
+    switch (header.code) {
+        case LVN_GETDISPINFOW: GiveText(reinterpret_cast<NMLVDISPINFOW&>(header)); return 0;
+        case LVN_ODFINDITEMW: return FindFrom(reinterpret_cast<const NMLVFINDITEMW&>(header));
+        case LVN_ITEMCHANGED: {
+            const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
+            const bool selection = ((change.uOldState ^ change.uNewState) & LVIS_SELECTED) != 0;
+            if (selection && !Owner().Applying()) NoteSelection();
+            return 0;
+        }
+        case LVN_ODSTATECHANGED:
+            if (!Owner().Applying()) NoteSelection();
+            return 0;
+        default: return 0;
+    }
+}
+
+LRESULT ListViewMirror::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = Mirror::OnMessage(message, wParam, lParam);
+    if (message == WM_SIZE && Handle() != nullptr) ApplyColumn();
+    return result;
+}
+
+}  // namespace dlv

@@ -1,0 +1,26 @@
+#include "windows/hwnd/ToolTips.h"
+
+#include <commctrl.h>
+
+namespace dlv {
+
+void ToolTips::Make(HWND parent) {
+    Making making;
+    making.style = WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX;
+    making.extendedStyle = WS_EX_TOPMOST;
+    making.parent = parent;
+    making.place = {0, 0, 0, 0};
+    MakeNative(TOOLTIPS_CLASSW, making);
+}
+
+void ToolTips::Add(const Mirror& mirror) {
+    TTTOOLINFOW tool{};
+    tool.cbSize = sizeof tool;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = mirror.Handle();
+    tool.uId = reinterpret_cast<UINT_PTR>(mirror.Handle());
+    tool.lpszText = LPSTR_TEXTCALLBACKW;
+    SendMessageW(Handle(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+}  // namespace dlv

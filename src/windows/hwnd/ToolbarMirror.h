@@ -1,0 +1,36 @@
+// The native tool bar; the pictures on its buttons are drawn by us in the size that the resolution asks for.
+#pragma once
+
+#include "windows/com/PlainWindows.h"
+
+#include <commctrl.h>
+
+#include "windows/hwnd/Mirror.h"
+
+namespace dlv {
+
+class ToolbarMirror : public Mirror {
+public:
+    ToolbarMirror(FormWindows& form, Toolbar& bar) : Mirror(form, bar), bar_(bar) {}
+    void Make(HWND parent) override;
+    void Apply() override;
+    void LookChanged() override;
+    bool TakesFocus() const override { return true; }
+    std::string ToolTip() const override { return {}; }
+
+protected:
+    void OnCommand(int code, int id) override;
+    LRESULT OnNotify(NMHDR& header) override;
+
+private:
+    void AddButtons();
+    LRESULT DrawButton(const NMTBCUSTOMDRAW& draw);
+    void Choose(int id);
+    const Toolbar::Item* ItemOf(int id) const;
+
+    Toolbar& bar_;
+    std::vector<Toolbar::Item> shown_;
+    std::wstring toolTip_;
+};
+
+}  // namespace dlv

@@ -202,7 +202,7 @@ void BusinessUnits::Clear() {
     classesByType_.Clear();
     totalOfFold_.clear();
     placesFrom_ = 0;
-    lastUnit_ = lastTypeCode_ = kNoRecord;
+    lastUnit_ = kNoRecord;
 }
 
 }  // namespace dlv

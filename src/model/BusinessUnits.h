@@ -117,11 +117,9 @@ private:
     std::vector<std::uint32_t> totalOfFold_;  // the total class of each class fold, for one unit
     std::size_t placesFrom_ = 0;              // the first total class that has its place there
 
-    // What the row before led to: rows mostly come in runs of one unit and one type.
+    // What the row before led to: rows mostly come in runs of one unit.
     std::string lastId_;
     std::uint32_t lastUnit_ = kNoRecord;
-    std::string lastTypeText_;
-    std::uint32_t lastTypeCode_ = kNoRecord;
 };
 
 template <class Reader>
@@ -132,12 +130,7 @@ void BusinessUnits::AddDetail(std::string_view id, Reader& read) {
         if (lastUnit_ == kNoRecord) return;
     }
     const std::uint32_t unit = lastUnit_;
-    const std::string_view typeText = read.JobType();
-    if (lastTypeCode_ == kNoRecord || typeText != lastTypeText_) {
-        lastTypeCode_ = typeCodes_.NumberOf(typeText);
-        lastTypeText_ = typeText;
-    }
-    const std::uint32_t type = TypeOf(unit, lastTypeCode_);
+    const std::uint32_t type = TypeOf(unit, typeCodes_.NumberOf(read.JobType()));
     const std::uint32_t code = classCodes_.NumberOf(read.JobClass());
     if (HasClass(type, code)) return;
     Counters counters;

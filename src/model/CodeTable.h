@@ -24,11 +24,16 @@ private:
     struct Code {
         std::string text;
         std::uint32_t fold;
+        /// The code that came after this one the last time.
+        std::uint32_t next;
     };
+
+    std::uint32_t LookUp(std::string_view code);
 
     std::vector<Code> codes_;
     TextTable exact_;
     TextTable folded_;
+    std::uint32_t last_ = 0;
 };
 
 }  // namespace dlv

@@ -69,15 +69,18 @@ void SummaryView::ShowBUs(const BusinessUnits& model) {
     const Dictionary groups = gridFilled_ ? collapsed_.SaveCollapsedList(0) : Dictionary();
     grid.SetRedraw(false);
     ResetSummary();
-    SumPanel(model);
-    AddClassRows(model);
+    const std::vector<const BusinessUnit*> units = Units(model);
+    UnitFigures sum;
+    for (const BusinessUnit* unit : units) sum += *unit;
+    SumPanel(sum);
+    AddClassRows(model, units);
     if (grid.Rows() == 2) {
         ShowEmptyTotal();
     } else {
         GroupByJobType();
-        AddTotals(model);
-        AddClassTotals(model);
-        SortClassTotals(model);
+        AddTotals(sum);
+        AddClassTotals(model, units);
+        grid.SortRows(kFirstClassTotal, GetMaxClassCnt(units) + 2, std::array{kClassColumn, kFirstCounter});
         grid.SetCurrentCell(0, 0);
         CleanUp();
     }
@@ -99,10 +102,11 @@ void SummaryView::TakeSelection() {
     summed_ = lastMode_ == 0 ? controller_.GetBUList() : controller_.GetAggregateBUList();
 }
 
-template <class Visitor>
-void SummaryView::ForEachSummedUnit(const BusinessUnits& model, Visitor&& visit) const {
+std::vector<const BusinessUnit*> SummaryView::Units(const BusinessUnits& model) const {
+    std::vector<const BusinessUnit*> units;
     for (const auto& entry : summed_)
-        if (const BusinessUnit* unit = model.Item(entry.key)) visit(*unit);
+        if (const BusinessUnit* unit = model.Item(entry.key)) units.push_back(unit);
+    return units;
 }
 
 void SummaryView::ResetSummary() {
@@ -115,9 +119,7 @@ void SummaryView::ResetSummary() {
     Grid().SetRows(2);
 }
 
-void SummaryView::SumPanel(const BusinessUnits& model) {
-    UnitFigures sum;
-    ForEachSummedUnit(model, [&](const BusinessUnit& unit) { sum += unit; });
+void SummaryView::SumPanel(const UnitFigures& sum) {
     if (sum.units == 0) return;
     const auto count = [&](int counter) { return sum.counters[static_cast<std::size_t>(counter)]; };
     const auto rate = [&](int counter, std::int64_t hours) {
@@ -146,9 +148,9 @@ void SummaryView::WriteRow(int row, const SummaryRow& summary, const std::string
         grid.SetWhole(row, kFirstCounter + s, summary.counters[static_cast<std::size_t>(s)]);
 }
 
-void SummaryView::AddClassRows(const BusinessUnits& model) {
+void SummaryView::AddClassRows(const BusinessUnits& model, std::span<const BusinessUnit* const> units) {
     SummaryRows rows;
-    ForEachSummedUnit(model, [&](const BusinessUnit& unit) { rows.AddClasses(model, unit); });
+    for (const BusinessUnit* unit : units) rows.AddClasses(model, *unit);
     OutlineGrid& grid = Grid();
     int row = grid.Rows();
     grid.SetRows(row + static_cast<int>(rows.All().size()));
@@ -178,11 +180,9 @@ void SummaryView::GroupByJobType() {
     }
 }
 
-void SummaryView::AddTotals(const BusinessUnits& model) {
+void SummaryView::AddTotals(const UnitFigures& sum) {
     OutlineGrid& grid = Grid();
     grid.SetText(kTotalRow, kTypeColumn, captions_.Caption("Total"));
-    UnitFigures sum;
-    ForEachSummedUnit(model, [&](const BusinessUnit& unit) { sum += unit; });
     for (int s = 0; s < kCounterCount; ++s) {
         const int column = kFirstCounter + s;
         grid.SetWhole(kTotalRow, column,
@@ -190,9 +190,9 @@ void SummaryView::AddTotals(const BusinessUnits& model) {
     }
 }
 
-void SummaryView::AddClassTotals(const BusinessUnits& model) {
+void SummaryView::AddClassTotals(const BusinessUnits& model, std::span<const BusinessUnit* const> units) {
     SummaryRows totals;
-    ForEachSummedUnit(model, [&](const BusinessUnit& unit) { totals.AddTotals(model, unit); });
+    for (const BusinessUnit* unit : units) totals.AddTotals(model, *unit);
     OutlineGrid& grid = Grid();
     // A class that already has a row of that key, from an empty job-type code, is added to that row.
     std::vector<const SummaryRow*> added;
@@ -217,18 +217,10 @@ void SummaryView::AddClassTotals(const BusinessUnits& model) {
     }
 }
 
-int SummaryView::GetMaxClassCnt(const BusinessUnits& model) const {
-    std::size_t most = 0;
-    trap_.Run("DLViewer.GetMaxClassCnt", [&] {
-        ForEachSummedUnit(model, [&](const BusinessUnit& unit) {
-            most = std::max(most, model.TotalClasses(unit).size());
-        });
-    });
+int SummaryView::GetMaxClassCnt(std::span<const BusinessUnit* const> units) const {
+    std::uint32_t most = 0;
+    for (const BusinessUnit* unit : units) most = std::max(most, unit->totalCount);
     return static_cast<int>(most);
-}
-
-void SummaryView::SortClassTotals(const BusinessUnits& model) {
-    Grid().SortRows(kFirstClassTotal, GetMaxClassCnt(model) + 2, std::array{kClassColumn, kFirstCounter});
 }
 
 void SummaryView::CleanUp() {

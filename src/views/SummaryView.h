@@ -38,19 +38,18 @@ public:
 private:
     void TakeSelection();
     void ResetSummary();
-    void SumPanel(const BusinessUnits& model);
-    void AddClassRows(const BusinessUnits& model);
+    /// The units to be summed, in order, those alone that the model holds.
+    std::vector<const BusinessUnit*> Units(const BusinessUnits& model) const;
+    void SumPanel(const UnitFigures& sum);
+    void AddClassRows(const BusinessUnits& model, std::span<const BusinessUnit* const> units);
     void ShowEmptyTotal();
     void GroupByJobType();
-    void AddTotals(const BusinessUnits& model);
-    void AddClassTotals(const BusinessUnits& model);
-    void SortClassTotals(const BusinessUnits& model);
+    void AddTotals(const UnitFigures& sum);
+    void AddClassTotals(const BusinessUnits& model, std::span<const BusinessUnit* const> units);
     void CleanUp();
-    int GetMaxClassCnt(const BusinessUnits& model) const;
+    int GetMaxClassCnt(std::span<const BusinessUnit* const> units) const;
     void WriteRow(int row, const SummaryRow& summary, const std::string& typeText,
                   const std::string& classText);
-    template <class Visitor>
-    void ForEachSummedUnit(const BusinessUnits& model, Visitor&& visit) const;
 
     OutlineGrid& Grid() { return form_.vsFlex[0]; }
 

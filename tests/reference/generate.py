@@ -84,6 +84,8 @@ class SessionGenerator:
             answers.append(["PostRequest", self.data.message() if self.chance(0.7) else self.profiles.response()])
         if self.chance(0.45):
             step["inline"] = answers
+            if self.chance(0.06):
+                self.stop_inside(step)
             return [step]
         return [step] + [answer for _, answer in answers]
 
@@ -92,8 +94,8 @@ class SessionGenerator:
         steps = self.make(name)
         if self.chance(0.15) and "inline" not in steps[0]:
             steps[0]["inline"] = [self.inline_entry() for _ in range(self.random.randint(1, 4))]
-        if self.chance(0.01):
-            self.stop_inside(steps[0])
+        if self.chance(0.012):
+            self.stop_inside(self.pick(steps))
         return steps
 
     def stop_inside(self, step):

@@ -63,8 +63,9 @@ private:
 
 template <class Object, class... Arguments>
 ComPtr<Object> Make(Arguments&&... arguments) {
+    // Not by Attach, which takes a reference of its own with these tools.
     ComPtr<Object> made;
-    made.Attach(std::make_unique<Object>(std::forward<Arguments>(arguments)...).release());
+    *made.GetAddressOf() = std::make_unique<Object>(std::forward<Arguments>(arguments)...).release();
     return made;
 }
 

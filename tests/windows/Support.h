@@ -123,6 +123,10 @@ ComPtr<_QZWebMessage> BrokenMessage();
 class HostedControl {
 public:
     HostedControl();
+    /// A sink and a control hold each other until they are disconnected.
+    ~HostedControl() { sink->Disconnect(); }
+    HostedControl(const HostedControl&) = delete;
+    HostedControl& operator=(const HostedControl&) = delete;
 
     _DLViewer* Viewer() const { return viewer.Get(); }
     /// The calls of a host up to the first data message, with answers to the requests for profiles.

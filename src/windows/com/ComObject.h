@@ -112,8 +112,9 @@ private:
 /// A new object with the one reference that the pointer holds.
 template <class Object, class... Arguments>
 ComPtr<Object> MakeObject(Arguments&&... arguments) {
+    // Not by Attach, which takes a reference of its own with these tools.
     ComPtr<Object> made;
-    made.Attach(std::make_unique<Object>(std::forward<Arguments>(arguments)...).release());
+    *made.GetAddressOf() = std::make_unique<Object>(std::forward<Arguments>(arguments)...).release();
     return made;
 }
 

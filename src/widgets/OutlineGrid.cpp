@@ -32,9 +32,11 @@ OutlineGrid::Column& OutlineGrid::ColumnAt(int column) {
 }
 
 void OutlineGrid::Restructured() {
+    // The index refers to texts of rows, which move when rows are added.
     rowsByData_.clear();
     indexedRows_ = 0;
     displayedKnown_ = false;
+    if (currentRow_ >= Rows()) SetCurrentCell(0, 0);
     MarkChanged();
 }
 
@@ -69,6 +71,7 @@ void OutlineGrid::Reserve(int rows) {
     order_.reserve(Index(rows));
     states_.reserve(Index(rows));
     cells_.reserve(Index(rows) * Index(columns_));
+    Restructured();
 }
 
 void OutlineGrid::SetRows(int rows) {
@@ -79,8 +82,7 @@ void OutlineGrid::SetRows(int rows) {
         return;
     }
     while (Rows() < rows) order_.push_back(NewSlot());
-    displayedKnown_ = false;
-    MarkChanged();
+    Restructured();
 }
 
 // Slots and texts of removed rows stay behind until only the header is left: a refill starts so.
@@ -202,9 +204,7 @@ int OutlineGrid::FindRow(std::string_view data) const {
     return found == rowsByData_.end() ? kNoRow : found->second;
 }
 
-void OutlineGrid::SetColumnWidth(int column, double width) {
-    Assign(ColumnAt(column).width, width);
-}
+void OutlineGrid::SetColumnWidth(int column, double width) { Assign(ColumnAt(column).width, width); }
 
 void OutlineGrid::SetColumnBold(int column, bool bold) { Assign(ColumnAt(column).bold, bold); }
 

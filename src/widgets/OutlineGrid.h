@@ -63,8 +63,6 @@ public:
     /// the columns from `firstSum` to the last the sums of its run, where a sum of 0 leaves the cell empty.
     /// Nodes have level 1 and the rows below them level 2.
     void GroupRows(int column, int firstSum);
-    /// Removes the node rows that `GroupRows` made.
-    void RemoveGroups();
 
     bool IsNode(int row) const { return State(row).node; }
     int Level(int row) const { return State(row).level; }
@@ -110,6 +108,7 @@ public:
     bool Redraw() const { return redraw_; }
     void SetRedraw(bool redraw) { Assign(redraw_, redraw); }
 
+    /// Where the current row goes away, the current cell is (0, 0).
     int CurrentRow() const { return currentRow_; }
     int CurrentColumn() const { return currentColumn_; }
     void SetCurrentCell(int row, int column);
@@ -148,7 +147,6 @@ private:
         bool collapsed = false;
         bool bold = false;
         bool coloured = false;
-        bool grouping = false;
         Colour colour = 0;
     };
     struct Column {

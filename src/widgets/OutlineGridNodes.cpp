@@ -40,7 +40,6 @@ void OutlineGrid::GroupRows(int column, int firstSum) {
         rows.push_back(NewSlot());
         Row& group = states_.back();
         group.node = true;
-        group.grouping = true;
         group.level = 1;
         texts_.push_back(text);
         Cell* cells = &cells_[rows.back() * Index(columns_)];
@@ -56,15 +55,6 @@ void OutlineGrid::GroupRows(int column, int firstSum) {
     }
     order_ = std::move(rows);
     Restructured();
-}
-
-void OutlineGrid::RemoveGroups() {
-    std::vector<bool> marks(order_.size());
-    for (int row = fixedRows_; row < Rows(); ++row) {
-        marks[Index(row)] = State(row).grouping;
-        State(row).level = 0;
-    }
-    RemoveRows(marks);
 }
 
 void OutlineGrid::MakeNode(int row, int level) {

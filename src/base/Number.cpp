@@ -100,7 +100,8 @@ double Magnitude(const Decimal& number) {
     if (!number.exponent.empty()) {
         const char* begin = number.exponent.data();
         const char* end = begin + number.exponent.size();
-        if (std::from_chars(begin, end, exponent).ec != std::errc{}) exponent = *begin == '-' ? -1e300 : 1e300;
+        if (std::from_chars(begin, end, exponent).ec != std::errc{})
+            exponent = *begin == '-' ? -1e300 : 1e300;
     }
     return static_cast<double>(point) - static_cast<double>(first) + exponent;
 }
@@ -134,13 +135,17 @@ double LeadingNumber(std::string_view text) {
 
 double ToDouble(std::string_view text) {
     text = Trim(text);
-    if (text.starts_with('+')) text.remove_prefix(1);
-    const std::size_t digits = text.starts_with('-') ? 1 : 0;
+    std::size_t digits = 0;
+    if (text.starts_with('+'))
+        text.remove_prefix(1);
+    else if (text.starts_with('-'))
+        digits = 1;
     // Neither words for infinity nor a second sign.
     if (digits >= text.size() || !(IsDigit(text[digits]) || text[digits] == '.')) RaiseTypeMismatch();
     double value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (result.ec == std::errc::invalid_argument || result.ptr != text.data() + text.size()) RaiseTypeMismatch();
+    if (result.ec == std::errc::invalid_argument || result.ptr != text.data() + text.size())
+        RaiseTypeMismatch();
     if (result.ec == std::errc::result_out_of_range) RaiseOverflow();
     return value;
 }
@@ -190,7 +195,8 @@ std::string WholeText(std::int64_t value) {
 std::string SingleText(float value) {
     if (value == 0) return "0";
     char raw[32];
-    const char* end = std::to_chars(raw, raw + sizeof raw, std::fabs(value), std::chars_format::scientific).ptr;
+    const char* end =
+        std::to_chars(raw, raw + sizeof raw, std::fabs(value), std::chars_format::scientific).ptr;
     const char* mark = std::find(static_cast<const char*>(raw), end, 'e');
     int exponent = 0;
     std::from_chars(mark[1] == '+' ? mark + 2 : mark + 1, end, exponent);

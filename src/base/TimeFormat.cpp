@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/Number.h"
+#include "base/RunTimeError.h"
 
 namespace dlv {
 
@@ -36,10 +37,14 @@ Piece NextPiece(std::string_view rest) {
         return {Piece::Kind::HalfDay, token.size(), token};
     const char c = rest.front();
     switch (c) {
-        case 'h': case 'H': return {Piece::Kind::Hour, RunLength(rest, 'h'), {}};
-        case 'n': case 'N': return {Piece::Kind::Minute, RunLength(rest, 'n'), {}};
-        case 'm': case 'M': return {Piece::Kind::Minute, RunLength(rest, 'm'), {}};
-        case 's': case 'S': return {Piece::Kind::Second, RunLength(rest, 's'), {}};
+        case 'h':
+        case 'H': return {Piece::Kind::Hour, RunLength(rest, 'h'), {}};
+        case 'n':
+        case 'N': return {Piece::Kind::Minute, RunLength(rest, 'n'), {}};
+        case 'm':
+        case 'M': return {Piece::Kind::Minute, RunLength(rest, 'm'), {}};
+        case 's':
+        case 'S': return {Piece::Kind::Second, RunLength(rest, 's'), {}};
         case ':': return {Piece::Kind::Separator, 1, {}};
         case '\\': return {Piece::Kind::Literal, rest.size() > 1 ? 2u : 1u, rest.substr(1, 1)};
         case '"': {
@@ -73,7 +78,9 @@ std::string_view HalfDayText(std::string_view token, bool morning) {
 }  // namespace
 
 TimeOfDay AddMinutes(TimeOfDay time, double minutes) {
-    const double moved = std::fmod(RoundHalfEven(time + minutes * 60), kSecondsPerDay);
+    const double seconds = RoundHalfEven(time + minutes * 60);
+    if (!std::isfinite(seconds)) RaiseOverflow();
+    const double moved = std::fmod(seconds, kSecondsPerDay);
     return static_cast<TimeOfDay>(moved < 0 ? moved + kSecondsPerDay : moved);
 }
 
@@ -86,7 +93,9 @@ std::string FormatTime(TimeOfDay time, std::string_view format, const LocaleTime
         const Piece piece = NextPiece(format.substr(at));
         at += piece.length;
         switch (piece.kind) {
-            case Piece::Kind::Hour: text += Digits(halfDays ? (hour + 11) % 12 + 1 : hour, piece.length); break;
+            case Piece::Kind::Hour:
+                text += Digits(halfDays ? (hour + 11) % 12 + 1 : hour, piece.length);
+                break;
             case Piece::Kind::Minute: text += Digits(time / 60 % 60, piece.length); break;
             case Piece::Kind::Second: text += Digits(time % 60, piece.length); break;
             case Piece::Kind::HalfDay: text += HalfDayText(piece.literal, hour < 12); break;

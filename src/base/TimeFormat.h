@@ -11,7 +11,8 @@ inline constexpr int kSecondsPerDay = 24 * 60 * 60;
 /// Seconds since midnight, 0 to 86399.
 using TimeOfDay = int;
 
-/// The time of day so many minutes later (fractions allowed, also negative), rounded to the second.
+/// The time of day so many minutes later (fractions allowed, also negative), rounded to the second. Error 6
+/// when the seconds leave the range of a double.
 TimeOfDay AddMinutes(TimeOfDay time, double minutes);
 
 /// How the user's system writes times.

@@ -1,7 +1,7 @@
 # A Wine of our own: prefix, home and runtime folder under $state, shared with nothing else of this user, and a
 # virtual display. Sourced by ./dev and by the wrapper that runs Windows programs.
 #
-#   wine_begin            environment, prefix (made once) and a warm server
+#   wine_begin [DPI]      environment, prefix (made once for each resolution, 96 by itself) and a warm server
 #   display_is_there      whether the user has a display
 #   display_begin         a virtual display on a free number, in $DISPLAY
 #   wine_end, display_end end what the two began; safe to call when nothing was begun
@@ -10,7 +10,9 @@ displayPid=""
 wineBegun=""
 
 wine_environment() {
+    wineDpi=$1
     wineRoot=$state/wine
+    ((wineDpi == 96)) || wineRoot+=-$wineDpi
     mkdir -p "$wineRoot/home" "$wineRoot/runtime"
     chmod 700 "$wineRoot/runtime"
     export WINEPREFIX=$wineRoot/prefix HOME=$wineRoot/home XDG_RUNTIME_DIR=$wineRoot/runtime
@@ -20,7 +22,7 @@ wine_environment() {
 }
 
 wine_begin() {
-    wine_environment
+    wine_environment "${1:-96}"
     # Each user of the prefix holds a shared lock; the last one out ends the server.
     exec 8>"$wineRoot/users.lock"
     flock -s 8
@@ -31,6 +33,8 @@ wine_begin() {
             rm -rf "$WINEPREFIX"
             env -u DISPLAY timeout -k 5 180 wine wineboot -i &&
                 env -u DISPLAY timeout -k 5 60 wine regedit /S "Z:$root/scripts/wine.reg" &&
+                env -u DISPLAY timeout -k 5 60 wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels \
+                    /t REG_DWORD /d "$wineDpi" /f &&
                 touch "$wineRoot/ready"
         fi 7>&-
     ) 7>"$wineRoot/prefix.lock" >"$wineRoot/prefix.log" 2>&1 </dev/null || {
@@ -67,7 +71,7 @@ display_begin() {
     local numberFile="$state/wine/display.$$" waited=0
     mkdir -p "$state/wine"
     : >"$numberFile"
-    Xvfb -displayfd 3 -screen 0 1920x1200x24 -dpi 96 -nolisten tcp -noreset \
+    Xvfb -displayfd 3 -screen 0 3840x2400x24 -dpi 96 -nolisten tcp -noreset \
         3>"$numberFile" 8>&- >/dev/null 2>&1 </dev/null &
     displayPid=$!
     until [[ -s $numberFile ]]; do

@@ -1,6 +1,7 @@
 #include "hosts/demo/DemoWindow.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <utility>
 
 #include "hosts/demo/workday/DayMessages.h"
@@ -13,32 +14,26 @@ namespace {
 constexpr wchar_t kClass[] = L"DashlonDemoHost";
 constexpr wchar_t kTitle[] = L"Operations Desk";
 
-constexpr int kHeaderHeight = 34;
 constexpr int kLogHeight = 96;
-constexpr int kMargin = 10;
-constexpr COLORREF kHeaderColour = RGB(35, 61, 92);
-constexpr COLORREF kHeaderText = RGB(255, 255, 255);
-constexpr COLORREF kHeaderNote = RGB(190, 208, 228);
+constexpr int kFontPoints = 9;
 
 /// When the host comes to work, and how much of the day goes by between figures.
 constexpr int kFirstMinute = 120;
+constexpr int kFirstMinuteOfPictures = 260;
 constexpr int kMinutesPerRefresh = 10;
+/// Nobody watches while pictures are taken.
+constexpr UINT kPictureRefreshMilliseconds = 500;
 
 constexpr UINT kAnswerRequests = WM_APP + 1;
 constexpr UINT kFirstFigures = WM_APP + 2;
 constexpr UINT_PTR kTimer = 1;
 
-enum Command {
-    kPause = 100,
-    kRefresh,
-    kServerStopped,
-    kNewDay,
-    kExit,
-    kLog,
-    kEnglish,
-    kPortuguese,
-    kSpanish
-};
+enum Command { kPause = 100, kRefresh, kServer, kNewDay, kLanguage, kRequests, kFirstLanguage };
+
+ACCEL kKeys[] = {{FVIRTKEY, VK_F5, kRefresh}, {FVIRTKEY, VK_F6, kPause},    {FVIRTKEY, VK_F7, kServer},
+                 {FVIRTKEY, VK_F8, kNewDay},  {FVIRTKEY, VK_F9, kLanguage}, {FVIRTKEY, VK_F12, kRequests}};
+
+const wchar_t* const kLanguageNames[kLanguages] = {L"English", L"Portugu\u00EAs", L"Espa\u00F1ol"};
 
 int DpiOf(HWND window) {
     const UINT dpi = GetDpiForWindow(window);
@@ -59,13 +54,14 @@ DemoWindow::DemoWindow(const Options& options, std::unique_ptr<ControlHolder> ho
       seed_(options.seed),
       language_(options.language) {
     StartDay();
-    day_->Advance(kFirstMinute);
+    day_->Advance(options.mode == Options::Mode::Pictures ? kFirstMinuteOfPictures : kFirstMinute);
 }
 
 DemoWindow::~DemoWindow() {
     if (window_ != nullptr) DestroyWindow(window_);
-    DeleteObject(font_);
-    DeleteObject(boldFont_);
+    DeleteObject(fonts_.regular);
+    DeleteObject(fonts_.bold);
+    DestroyAcceleratorTable(keys_);
 }
 
 bool DemoWindow::Create() {
@@ -77,16 +73,26 @@ bool DemoWindow::Create() {
     definition.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     definition.lpszClassName = kClass;
     RegisterClassW(&definition);
-    CreateWindowExW(0, kClass, kTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, 0, 100, 100,
-                    nullptr, nullptr, definition.hInstance, this);
-    if (window_ == nullptr) return false;
-    SetWindowPos(window_, nullptr, 0, 0, Scaled(options_.width), Scaled(options_.height),
-                 SWP_NOZORDER | (options_.mode == Options::Mode::Pictures ? 0 : SWP_NOMOVE));
+    // A picture shows what is in the window, without the frame that the system puts around it.
+    const DWORD style = options_.mode == Options::Mode::Pictures ? WS_POPUP : WS_OVERLAPPEDWINDOW;
+    CreateWindowExW(0, kClass, kTitle, style | WS_CLIPCHILDREN, CW_USEDEFAULT, 0, 100, 100, nullptr, nullptr,
+                    definition.hInstance, this);
+    if (window_ == nullptr || !header_.Create(window_, Wide(kCompanyName),
+                                              {{kPause, L"Pause"},
+                                               {kRefresh, L"Refresh"},
+                                               {kServer, L"Stop server"},
+                                               {kNewDay, L"New day"},
+                                               {kLanguage, L"Language"},
+                                               {kRequests, L"Requests"}}))
+        return false;
     log_ = CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", nullptr,
                            WS_CHILD | WS_VSCROLL | WS_TABSTOP | LBS_NOINTEGRALHEIGHT | LBS_NOSEL, 0, 0, 0, 0,
                            window_, nullptr, definition.hInstance, nullptr);
-    MakeMenu();
-    MakeFonts();
+    keys_ = CreateAcceleratorTableW(kKeys, static_cast<int>(std::size(kKeys)));
+    MakeLook();
+    UpdateHeader();
+    SetWindowPos(window_, nullptr, 0, 0, Scaled(options_.width), Scaled(options_.height),
+                 SWP_NOZORDER | (options_.mode == Options::Mode::Pictures ? 0 : SWP_NOMOVE));
     ShowWindow(window_, SW_SHOW);
     return true;
 }
@@ -94,14 +100,19 @@ bool DemoWindow::Create() {
 bool DemoWindow::StartControl(Language language, const std::string& profile) {
     StopControl();
     language_ = language;
-    UpdateMenu();
     const HRESULT opened = holder_->Open(window_, ControlPlace());
-    if (FAILED(opened)) Tell("The control cannot be made: " + std::to_string(opened));
-    failed_ = FAILED(opened) || !session_.Start(*holder_->Control(), language, profile);
-    if (failed_) ShowLog(true);
-    holder_->Focus();
-    SetTimer(window_, kTimer, static_cast<UINT>(options_.refreshSeconds) * 1000, nullptr);
-    return !failed_;
+    if (FAILED(opened)) {
+        Complain("The control cannot be made: " + std::to_string(opened));
+        return false;
+    }
+    if (!session_.Start(*holder_->Control(), language, profile)) return false;
+    // In a picture the focus is nowhere.
+    if (options_.mode != Options::Mode::Pictures) holder_->Focus();
+    const UINT milliseconds = options_.mode == Options::Mode::Pictures
+                                  ? kPictureRefreshMilliseconds
+                                  : static_cast<UINT>(options_.refreshSeconds) * 1000;
+    SetTimer(window_, kTimer, milliseconds, nullptr);
+    return true;
 }
 
 void DemoWindow::StopControl() {
@@ -113,7 +124,7 @@ void DemoWindow::StopControl() {
 void DemoWindow::RunMessages() {
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (holder_->Translate(message)) continue;
+        if (TranslateAcceleratorW(window_, keys_, &message) != 0 || holder_->Translate(message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
@@ -142,15 +153,9 @@ LRESULT DemoWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (wParam != SIZE_MINIMIZED) LayOut();
             return 0;
         case WM_SETFOCUS: holder_->Focus(); return 0;
-        case WM_PAINT: {
-            PAINTSTRUCT paint;
-            PaintHeader(BeginPaint(window_, &paint));
-            EndPaint(window_, &paint);
-            return 0;
-        }
         case WM_DPICHANGED: {
             const RECT& place = *reinterpret_cast<const RECT*>(lParam);
-            MakeFonts();
+            MakeLook();
             SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left,
                          place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
             return 0;
@@ -167,19 +172,16 @@ LRESULT DemoWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void DemoWindow::OnCommand(int command) {
     switch (command) {
-        case kPause: SetServer(server_ == Server::Running ? Server::Paused : Server::Running); break;
+        case kPause: SetServer(server_ == Server::Paused ? Server::Running : Server::Paused); break;
         case kRefresh: SendFigures(); break;
-        case kServerStopped: SetServer(server_ == Server::Stopped ? Server::Running : Server::Stopped); break;
+        case kServer: SetServer(server_ == Server::Stopped ? Server::Running : Server::Stopped); break;
         case kNewDay:
             ++seed_;
             StartDay();
             SendFigures();
             break;
-        case kExit: DestroyWindow(window_); break;
-        case kLog: ShowLog(!logShown_); break;
-        case kEnglish: StartControl(Language::English, options_.profile); break;
-        case kPortuguese: StartControl(Language::Portuguese, options_.profile); break;
-        case kSpanish: StartControl(Language::Spanish, options_.profile); break;
+        case kLanguage: ChooseLanguage(); break;
+        case kRequests: ShowLog(!logShown_); break;
         default: break;
     }
 }
@@ -218,57 +220,57 @@ void DemoWindow::Tell(const std::string& line) {
     SendMessageW(log_, LB_SETTOPINDEX, static_cast<WPARAM>(at), 0);
 }
 
-void DemoWindow::MakeMenu() {
-    const auto add = [](HMENU menu, int command, const wchar_t* text) {
-        AppendMenuW(menu, command == 0 ? MF_SEPARATOR : MF_STRING, static_cast<UINT_PTR>(command), text);
-    };
-    const HMENU bar = CreateMenu(), data = CreatePopupMenu(), view = CreatePopupMenu();
-    add(data, kPause, L"&Pause the day");
-    add(data, kRefresh, L"&Refresh now");
-    add(data, kServerStopped, L"&Server stopped");
-    add(data, kNewDay, L"&New day");
-    add(data, 0, nullptr);
-    add(data, kExit, L"E&xit");
-    add(view, kEnglish, L"&English");
-    add(view, kPortuguese, L"&Portuguese");
-    add(view, kSpanish, L"&Spanish");
-    add(view, 0, nullptr);
-    add(view, kLog, L"&Requests of the control");
-    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(data), L"&Data");
-    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(view), L"&View");
-    SetMenu(window_, bar);
-    UpdateMenu();
+void DemoWindow::Complain(const std::string& line) {
+    Tell(line);
+    ShowLog(true);
+    std::fprintf(stderr, "demo: %s\n", line.c_str());
 }
 
-void DemoWindow::UpdateMenu() {
-    const HMENU menu = GetMenu(window_);
-    const auto check = [&](int command, bool on) {
-        CheckMenuItem(menu, static_cast<UINT>(command), on ? MF_CHECKED : MF_UNCHECKED);
-    };
-    check(kPause, server_ == Server::Paused);
-    check(kServerStopped, server_ == Server::Stopped);
-    check(kLog, logShown_);
-    CheckMenuRadioItem(menu, kEnglish, kSpanish, static_cast<UINT>(kEnglish) + static_cast<UINT>(language_),
-                       MF_BYCOMMAND);
-}
-
-void DemoWindow::MakeFonts() {
+void DemoWindow::MakeLook() {
     NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof metrics;
-    const auto dpi = static_cast<UINT>(DpiOf(window_));
-    SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi);
-    DeleteObject(std::exchange(font_, CreateFontIndirectW(&metrics.lfMessageFont)));
-    metrics.lfMessageFont.lfWeight = FW_BOLD;
-    DeleteObject(std::exchange(boldFont_, CreateFontIndirectW(&metrics.lfMessageFont)));
-    SendMessageW(log_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
+    const int dpi = DpiOf(window_);
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    LOGFONTW& font = metrics.lfMessageFont;
+    font.lfHeight = -MulDiv(kFontPoints, dpi, 72);
+    font.lfQuality = CLEARTYPE_QUALITY;
+    const HostFonts before = fonts_;
+    fonts_.regular = CreateFontIndirectW(&font);
+    font.lfWeight = FW_BOLD;
+    fonts_.bold = CreateFontIndirectW(&font);
+    header_.SetLook(fonts_, dpi);
+    SendMessageW(log_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.regular), TRUE);
+    DeleteObject(before.regular);
+    DeleteObject(before.bold);
+}
+
+void DemoWindow::UpdateHeader() {
+    std::string note = "Working day " + ClockText(day_->Minute()) + " of " + ClockText(WorkingDay::kMinutes);
+    if (server_ == Server::Paused) note += ", paused";
+    if (server_ == Server::Stopped) note += ", server stopped";
+    header_.SetNote(Wide(note));
+    header_.SetItemText(kPause, server_ == Server::Paused ? L"Go on" : L"Pause");
+    header_.SetItemText(kServer, server_ == Server::Stopped ? L"Start server" : L"Stop server");
+}
+
+void DemoWindow::ChooseLanguage() {
+    const HMENU menu = CreatePopupMenu();
+    for (std::size_t i = 0; i < kLanguages; ++i) {
+        const UINT checked = static_cast<std::size_t>(language_) == i ? MF_CHECKED : MF_UNCHECKED;
+        AppendMenuW(menu, MF_STRING | checked, kFirstLanguage + i, kLanguageNames[i]);
+    }
+    const POINT at = header_.MenuPoint(kLanguage);
+    const int chosen = TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY, at.x, at.y, 0, window_, nullptr);
+    DestroyMenu(menu);
+    if (chosen >= kFirstLanguage)
+        StartControl(static_cast<Language>(chosen - kFirstLanguage), options_.profile);
 }
 
 void DemoWindow::SetServer(Server server) {
     server_ = server;
-    UpdateMenu();
+    UpdateHeader();
     if (server == Server::Stopped && session_.Ready()) session_.Send(ServerStoppedMessage());
     if (server == Server::Running) SendFigures();
-    InvalidateRect(window_, nullptr, FALSE);
 }
 
 void DemoWindow::StartDay() { day_ = std::make_unique<WorkingDay>(seed_); }
@@ -276,14 +278,14 @@ void DemoWindow::StartDay() { day_ = std::make_unique<WorkingDay>(seed_); }
 void DemoWindow::SendFigures() {
     if (!session_.Ready() || server_ == Server::Stopped) return;
     session_.Send(FiguresMessage(*day_, language_, options_.refreshSeconds / 60.0));
-    InvalidateRect(window_, nullptr, FALSE);
-    if (afterFigures) afterFigures();
+    UpdateHeader();
+    // What is called may put another in its place.
+    if (const auto notify = afterFigures) notify();
 }
 
 void DemoWindow::ShowLog(bool shown) {
     logShown_ = shown;
     ShowWindow(log_, shown ? SW_SHOWNA : SW_HIDE);
-    UpdateMenu();
     LayOut();
 }
 
@@ -292,7 +294,7 @@ int DemoWindow::Scaled(int pixels) const { return MulDiv(pixels, DpiOf(window_),
 RECT DemoWindow::ControlPlace() const {
     RECT place;
     GetClientRect(window_, &place);
-    place.top += Scaled(kHeaderHeight);
+    place.top += header_.Height();
     if (logShown_) place.bottom -= Scaled(kLogHeight);
     place.bottom = std::max(place.bottom, place.top);
     return place;
@@ -301,38 +303,9 @@ RECT DemoWindow::ControlPlace() const {
 void DemoWindow::LayOut() {
     const RECT place = ControlPlace();
     MoveWindow(log_, 0, place.bottom, place.right, Scaled(kLogHeight), TRUE);
+    header_.Place(place.right);
     holder_->Move(place);
     session_.Resize();
-    InvalidateRect(window_, nullptr, FALSE);
-}
-
-std::wstring DemoWindow::DayText() const {
-    std::string text = "Working day " + ClockText(day_->Minute()) + " of " + ClockText(WorkingDay::kMinutes);
-    switch (server_) {
-        case Server::Running:
-            text += ", figures every " + std::to_string(options_.refreshSeconds) + " s";
-            break;
-        case Server::Paused: text += ", paused"; break;
-        case Server::Stopped: text += ", server stopped"; break;
-    }
-    return Wide(text);
-}
-
-void DemoWindow::PaintHeader(HDC dc) const {
-    RECT band;
-    GetClientRect(window_, &band);
-    band.bottom = Scaled(kHeaderHeight);
-    SetDCBrushColor(dc, kHeaderColour);
-    FillRect(dc, &band, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-    SetBkMode(dc, TRANSPARENT);
-    InflateRect(&band, -Scaled(kMargin), 0);
-    const HGDIOBJ before = SelectObject(dc, boldFont_);
-    SetTextColor(dc, kHeaderText);
-    DrawTextW(dc, Wide(kCompanyName).c_str(), -1, &band, DT_LEFT | DT_VCENTER | DT_SINGLELINE);
-    SelectObject(dc, font_);
-    SetTextColor(dc, kHeaderNote);
-    DrawTextW(dc, DayText().c_str(), -1, &band, DT_RIGHT | DT_VCENTER | DT_SINGLELINE);
-    SelectObject(dc, before);
 }
 
 }  // namespace dlv::demo

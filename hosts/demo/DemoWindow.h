@@ -10,6 +10,7 @@
 #include <string>
 
 #include "hosts/demo/ControlHolder.h"
+#include "hosts/demo/HeaderBar.h"
 #include "hosts/demo/Options.h"
 #include "hosts/demo/ViewerSession.h"
 #include "hosts/demo/workday/WorkingDay.h"
@@ -30,7 +31,6 @@ public:
     /// Ends the control that is there, if any, and starts one.
     bool StartControl(Language language, const std::string& profile);
     void StopControl();
-    bool ControlFailed() const { return failed_; }
     /// Called from the message loop, after figures have been sent.
     std::function<void()> afterFigures;
 
@@ -49,18 +49,17 @@ private:
     void ClientReady() override;
     void DetailsAsked(const DLVParams& params) override;
     void Tell(const std::string& line) override;
+    void Complain(const std::string& line) override;
 
-    void MakeMenu();
-    void MakeFonts();
-    void UpdateMenu();
+    void MakeLook();
+    void UpdateHeader();
+    void ChooseLanguage();
     void SetServer(Server server);
     void StartDay();
     void SendFigures();
     void ShowLog(bool shown);
     RECT ControlPlace() const;
     void LayOut();
-    void PaintHeader(HDC dc) const;
-    std::wstring DayText() const;
     int Scaled(int pixels) const;
 
     Options options_;
@@ -71,12 +70,12 @@ private:
     std::uint32_t seed_;
     Language language_;
     Server server_ = Server::Running;
-    bool failed_ = false;
     HWND window_ = nullptr;
+    HeaderBar header_;
     HWND log_ = nullptr;
     bool logShown_ = false;
-    HFONT font_ = nullptr;
-    HFONT boldFont_ = nullptr;
+    HostFonts fonts_;
+    HACCEL keys_ = nullptr;
 };
 
 }  // namespace dlv::demo

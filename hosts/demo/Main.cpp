@@ -26,7 +26,7 @@ std::vector<std::string> Arguments() {
     int count = 0;
     wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
     std::vector<std::string> arguments;
-    for (int i = 1; i < count; ++i) arguments.push_back(dlv::Narrow(words[i]));
+    for (int i = 1; i < count; ++i) arguments.push_back(dlv::Narrow(std::wstring_view(words[i])));
     LocalFree(words);
     return arguments;
 }

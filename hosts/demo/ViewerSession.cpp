@@ -63,7 +63,7 @@ bool ViewerSession::Done(const char* call, HRESULT result) {
     if (SUCCEEDED(result)) return true;
     char number[16];
     std::snprintf(number, sizeof number, "0x%08lX", static_cast<unsigned long>(result));
-    listener_.Tell(std::string(call) + " failed with " + number + " " + ErrorText());
+    listener_.Complain(std::string(call) + " failed with " + number + " " + ErrorText());
     return false;
 }
 

@@ -25,8 +25,10 @@ public:
     virtual void ClientReady() = 0;
     /// The control asks for the records behind a figure.
     virtual void DetailsAsked(const DLVParams& params) = 0;
-    /// Something to put down: a request of the control's, or a call that failed.
+    /// A request of the control's, to put down.
     virtual void Tell(const std::string& line) = 0;
+    /// A call that failed.
+    virtual void Complain(const std::string& line) = 0;
 };
 
 class ViewerSession {

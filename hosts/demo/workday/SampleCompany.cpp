@@ -33,7 +33,7 @@ constexpr JobType kTypeRows[kJobTypes] = {
 
 constexpr JobClass kClassRows[kJobClasses] = {
     {{"RES", {"Residential", "Residencial", "Residencial"}}, 0},
-    {{"SMB", {"Small Business", "Pequena Empresa", "Pequeña Empresa"}}, 1},
+    {{"BUS", {"Business", "Empresas", "Empresas"}}, 1},
     {{"ENT", {"Enterprise", "Corporativo", "Corporativo"}}, 3},
     {{"FIB", {"Fiber", "Fibra", "Fibra"}}, 2},
     {{"COP", {"Copper Line", "Linha de Cobre", "Línea de Cobre"}}, 0},

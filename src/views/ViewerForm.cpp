@@ -46,10 +46,10 @@ ViewerForm::ViewerForm() : Form("DLViewer") {
 }
 
 void ViewerForm::PlaceSelection() {
-    Place(fraSelection, InPixels(6, 38, kDesignWidth - 12, 114), fraDLV);
+    Place(fraSelection, InPixels(6, 38, kDesignWidth - 12, 122), fraDLV);
     fraSelection.SetEdge(true);
     Place(lblBUName, InPixels(10, 18, 400, kLine), fraSelection);
-    Place(lvBU, InPixels(10, 36, 400, 70), fraSelection);
+    Place(lvBU, InPixels(10, 36, 400, 78), fraSelection);
     Place(optBU[0], InPixels(442, 40, 206, 20), fraSelection);
     Place(optBU[1], InPixels(442, 66, 206, 20), fraSelection);
     Place(cmdView, InPixels(658, 48, 108, 30), fraSelection);
@@ -59,24 +59,24 @@ void ViewerForm::PlacePanel() {
     double left = 12;
     for (FigureLabel* label :
          {&lblTechCount, &lblHrsWorked, &lblHrsRemaining, &lblWODone, &lblWOOpen, &lblPtsDone, &lblPtsOpen}) {
-        Place(label->heading, InPixels(left, 160, 78, 2 * kLine), fraDLV);
-        Place(label->figure, InPixels(left, 195, 78, kLine), fraDLV);
+        Place(label->heading, InPixels(left, 168, 78, 2 * kLine), fraDLV);
+        Place(label->figure, InPixels(left, 203, 78, kLine), fraDLV);
         label->figure.SetBold(true);
         left += 84;
     }
     lblTechCount.heading.SetClickable(true);
     lblTechCount.figure.SetClickable(true);
 
-    Place(lblProdPerTech, InPixels(614, 160, 168, kLine), fraDLV);
+    Place(lblProdPerTech, InPixels(614, 168, 168, kLine), fraDLV);
     lblProdPerTech.SetBold(true);
-    Place(lblToday, InPixels(786, 160, 64, kLine), fraDLV);
-    Place(lblReqProd, InPixels(884, 160, 88, kLine), fraDLV);
-    Place(lblWOsPerHr, InPixels(614, 178, 128, kLine), fraDLV);
-    Place(lblWOsPerHrToday, InPixels(746, 178, 104, kLine), fraDLV);
-    Place(lblWOsPerHrReq, InPixels(855, 178, 117, kLine), fraDLV);
-    Place(lblPtsPerHr, InPixels(614, 195, 128, kLine), fraDLV);
-    Place(lblPtsPerHrToday, InPixels(746, 195, 104, kLine), fraDLV);
-    Place(lblPtsPerHrReq, InPixels(855, 195, 117, kLine), fraDLV);
+    Place(lblToday, InPixels(786, 168, 64, kLine), fraDLV);
+    Place(lblReqProd, InPixels(884, 168, 88, kLine), fraDLV);
+    Place(lblWOsPerHr, InPixels(614, 186, 128, kLine), fraDLV);
+    Place(lblWOsPerHrToday, InPixels(746, 186, 104, kLine), fraDLV);
+    Place(lblWOsPerHrReq, InPixels(855, 186, 117, kLine), fraDLV);
+    Place(lblPtsPerHr, InPixels(614, 203, 128, kLine), fraDLV);
+    Place(lblPtsPerHrToday, InPixels(746, 203, 104, kLine), fraDLV);
+    Place(lblPtsPerHrReq, InPixels(855, 203, 117, kLine), fraDLV);
     for (Label* label :
          {&lblToday, &lblReqProd, &lblWOsPerHrToday, &lblWOsPerHrReq, &lblPtsPerHrToday, &lblPtsPerHrReq})
         label->SetTextAlignment(Alignment::Right);
@@ -85,7 +85,7 @@ void ViewerForm::PlacePanel() {
 }
 
 void ViewerForm::PlaceGrids() {
-    Place(Tabs, InPixels(6, 220, kDesignWidth - 12, 391), fraDLV);
+    Place(Tabs, InPixels(6, 228, kDesignWidth - 12, 383), fraDLV);
     Tabs.SetTabs({{}, {}});
     const Bounds inside = Tabs.ClientArea();
     for (Frame& frame : fraBU) Place(frame, inside, fraDLV);

@@ -1,5 +1,7 @@
 #include "windows/gdi/Canvas.h"
 
+#include <algorithm>
+
 namespace dlv {
 
 void Canvas::Fill(const RECT& area, COLORREF colour) const {
@@ -20,6 +22,27 @@ void Canvas::Text(RECT area, const std::wstring& text, Weight weight, COLORREF c
     SetTextColor(dc_, colour);
     SetBkMode(dc_, TRANSPARENT);
     DrawTextW(dc_, text.c_str(), static_cast<int>(text.size()), &area, format | DT_NOPREFIX);
+}
+
+void Canvas::TextWithin(const RECT& area, const std::wstring& text, Weight weight, COLORREF colour,
+                        UINT format, Upright upright) const {
+    if (text.empty()) return;
+    const int length = static_cast<int>(text.size());
+    SetTextColor(dc_, colour);
+    SetBkMode(dc_, TRANSPARENT);
+    for (int step = 0; step <= Fonts::kSmallest; ++step) {
+        const SelectScope font(dc_, look_.fonts.Smaller(weight, step));
+        RECT needed = area;
+        DrawTextW(dc_, text.c_str(), length, &needed, format | DT_NOPREFIX | DT_CALCRECT);
+        const LONG height = needed.bottom - needed.top;
+        const bool fits =
+            needed.right - needed.left <= area.right - area.left && height <= area.bottom - area.top;
+        if (!fits && step < Fonts::kSmallest) continue;
+        RECT place = area;
+        if (upright == Upright::Middle) place.top += std::max(0L, (area.bottom - area.top - height) / 2);
+        DrawTextW(dc_, text.c_str(), length, &place, format | DT_NOPREFIX | DT_END_ELLIPSIS);
+        return;
+    }
 }
 
 int Canvas::TextWidth(const std::wstring& text, Weight weight) const {

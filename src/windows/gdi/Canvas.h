@@ -37,6 +37,11 @@ public:
     void Outline(const RECT& area, COLORREF colour, int width = 1) const;
     /// Text with a clear ground; `format` as for DrawText. Nothing in the text is a prefix.
     void Text(RECT area, const std::wstring& text, Weight weight, COLORREF colour, UINT format) const;
+    enum class Upright { Top, Middle };
+    /// Text that is made smaller where it would be cut, and only cut where that does not help. `format` says
+    /// whether it may take several lines.
+    void TextWithin(const RECT& area, const std::wstring& text, Weight weight, COLORREF colour, UINT format,
+                    Upright upright) const;
     int TextWidth(const std::wstring& text, Weight weight) const;
 
 private:

@@ -27,18 +27,17 @@ void DrawLabel(const Canvas& canvas, const Label& label, const RECT& area, COLOR
     COLORREF ink = colours.faceText;
     if (label.ForeColour() && !colours.highContrast) ink = *label.ForeColour();
     if (!label.Enabled()) ink = colours.disabledText;
-    canvas.Text(area, Wide(label.Caption()), WeightOf(label), ink,
-                LabelFormat(canvas, label, area) | DT_END_ELLIPSIS);
+    canvas.TextWithin(area, Wide(label.Caption()), WeightOf(label), ink, LabelFormat(canvas, label, area),
+                      Canvas::Upright::Top);
 }
 
 bool LabelTextFits(const Canvas& canvas, const Label& label, const RECT& area) {
     const std::wstring text = Wide(label.Caption());
-    if (!Wraps(canvas, area)) return canvas.TextWidth(text, WeightOf(label)) <= area.right - area.left;
+    const SelectScope font(canvas.Dc(), canvas.Faces().Smaller(WeightOf(label), Fonts::kSmallest));
     RECT needed = area;
-    const SelectScope font(canvas.Dc(), canvas.Faces().Get(WeightOf(label)));
     DrawTextW(canvas.Dc(), text.c_str(), static_cast<int>(text.size()), &needed,
-              DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
-    return needed.bottom <= area.bottom && needed.right <= area.right;
+              LabelFormat(canvas, label, area) | DT_CALCRECT | DT_NOPREFIX);
+    return needed.bottom <= area.bottom && needed.right - needed.left <= area.right - area.left;
 }
 
 void DrawFrameEdge(const Canvas& canvas, const Frame& frame, const RECT& area, COLORREF ground) {

@@ -19,9 +19,10 @@ bool IsInstalled(const wchar_t* face) {
     return found;
 }
 
-Font MakeFont(const FontChoice& choice, Scale scale, Weight weight) {
+Font MakeFont(const FontChoice& choice, Scale scale, Weight weight, int step) {
     LOGFONTW font{};
-    font.lfHeight = -static_cast<LONG>(std::lround(choice.points * scale.Dpi() / 72));
+    const double share = 1 - 0.075 * step;
+    font.lfHeight = -static_cast<LONG>(std::lround(choice.points * share * scale.Dpi() / 72));
     font.lfWeight = weight == Weight::Bold ? FW_BOLD : FW_NORMAL;
     font.lfCharSet = DEFAULT_CHARSET;
     font.lfQuality = CLEARTYPE_QUALITY;
@@ -36,13 +37,18 @@ FontChoice DefaultFont() {
     return {segoe ? L"Segoe UI" : L"MS Shell Dlg 2", 9};
 }
 
-Fonts::Fonts(const FontChoice& choice, Scale scale)
-    : regular_(MakeFont(choice, scale, Weight::Regular)), bold_(MakeFont(choice, scale, Weight::Bold)) {
+Fonts::Fonts(const FontChoice& choice, Scale scale) : choice_(choice), scale_(scale) {
     const MemoryDc dc;
-    const SelectScope font(dc.Get(), bold_.Get());
+    const SelectScope font(dc.Get(), Get(Weight::Bold));
     TEXTMETRICW metrics{};
     GetTextMetricsW(dc.Get(), &metrics);
     lineHeight_ = metrics.tmHeight;
+}
+
+HFONT Fonts::Smaller(Weight weight, int step) const {
+    Font& font = fonts_[weight == Weight::Bold ? 1 : 0][static_cast<std::size_t>(step)];
+    if (!font) font = MakeFont(choice_, scale_, weight, step);
+    return font.Get();
 }
 
 int Fonts::TextWidth(std::wstring_view text, Weight weight) const {

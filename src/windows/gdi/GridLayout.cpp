@@ -6,7 +6,7 @@ namespace dlv {
 
 namespace {
 
-constexpr int kIndent = 16;
+constexpr int kIndent = 15;
 constexpr int kBoxSize = 9;
 constexpr int kTreeTextRoom = 60;
 

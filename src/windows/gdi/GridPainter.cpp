@@ -70,22 +70,15 @@ void GridPainter::PaintHeaderCell(int row, int column, int lastColumn) const {
     const Weight weight = grid_.RowBold(row) || grid_.ColumnBold(column) ? Weight::Bold : Weight::Regular;
     // A caption over several columns stays in the middle of what is in sight of them.
     RECT place = Inside(area);
-    place.left = std::max(place.left, 0L);
-    place.right = std::min(place.right, layout_.Inner().cx);
-    InflateRect(&place, -canvas_.Scaled(2), 0);
-    RECT needed = place;
-    const UINT format = DT_CENTER | DT_WORDBREAK | DT_NOPREFIX;
-    {
-        const SelectScope font(canvas_.Dc(), canvas_.Faces().Get(weight));
-        DrawTextW(canvas_.Dc(), text.c_str(), static_cast<int>(text.size()), &needed, format | DT_CALCRECT);
-    }
-    const LONG spare = (place.bottom - place.top) - (needed.bottom - needed.top);
-    place.top += std::max(0L, spare / 2);
     const SaveScope save(canvas_.Dc());
-    const RECT inside = Inside(area);
-    IntersectClipRect(canvas_.Dc(), inside.left, inside.top, inside.right, inside.bottom);
-    canvas_.Text(place, text, weight, plain ? colours.faceText : colours.TextOn(colour),
-                 format | DT_END_ELLIPSIS);
+    IntersectClipRect(canvas_.Dc(), place.left, place.top, place.right, place.bottom);
+    if (lastColumn > column) {
+        place.left = std::max(place.left, 0L);
+        place.right = std::min(place.right, layout_.Inner().cx);
+    }
+    InflateRect(&place, -canvas_.Scaled(1), 0);
+    canvas_.TextWithin(place, text, weight, plain ? colours.faceText : colours.TextOn(colour),
+                       DT_CENTER | DT_WORDBREAK, Canvas::Upright::Middle);
 }
 
 void GridPainter::PaintBody(const RECT& clip) const {

@@ -35,8 +35,8 @@ Palette Palette::Current() {
         palette.restingText = palette.windowText;
         palette.gridLine = palette.headerLine = palette.outline = palette.edge = palette.windowText;
     } else {
-        palette.resting = palette.face;
-        palette.restingText = palette.faceText;
+        palette.resting = Mix(palette.windowText, palette.window, 15);
+        palette.restingText = palette.windowText;
         palette.gridLine = Mix(palette.windowText, palette.window, 22);
         palette.headerLine = Mix(palette.windowText, palette.window, 45);
         palette.outline = Mix(palette.windowText, palette.window, 50);

@@ -18,7 +18,7 @@ struct Palette {
     COLORREF windowText;
     COLORREF selected;
     COLORREF selectedText;
-    /// The current cell of a grid without the focus.
+    /// What is selected in a window without the focus.
     COLORREF resting;
     COLORREF restingText;
     COLORREF gridLine;

@@ -33,6 +33,7 @@ void ControlSurface::Create(HWND parent, const RECT& place) {
     MakeOwn(kControlClass, making);
     scale_ = Scale(static_cast<int>(GetDpiForWindow(Handle())));
     for (const Frame& page : Form().fraBU) windows_.SetPage(page);
+    windows_.SetFirstFocus(Form().lvBU);
     const ControlsScope controls;
     windows_.Make(Handle(), font_, scale_);
     OnSize();

@@ -40,9 +40,11 @@ public:
     Mirror* Focused() const;
     /// To the next control that takes the focus; false when there is none in that direction.
     bool MoveFocus(Direction direction);
-    /// To the control that had the focus last, else to the first or last that takes it.
+    /// To the first or last control that takes the focus.
     bool TakeFocus(Direction direction);
+    /// To the control that had the focus last; before any had it, to the one named for that.
     bool TakeLastFocus();
+    void SetFirstFocus(const Control& control) { lastFocus_ = &control; }
     /// Arrow keys between option buttons of one group. True when the key was one.
     bool MoveInGroup(int key);
 

@@ -1,12 +1,11 @@
 #include "windows/hwnd/ListViewMirror.h"
 
-#include <uxtheme.h>
-
 #include <algorithm>
 #include <vector>
 
 #include "base/Text.h"
 #include "windows/com/Strings.h"
+#include "windows/gdi/Canvas.h"
 
 namespace dlv {
 
@@ -17,7 +16,6 @@ void ListViewMirror::Make(HWND parent) {
     making.extendedStyle = WS_EX_CLIENTEDGE;
     making.parent = parent;
     MakeNative(WC_LISTVIEWW, making);
-    SetWindowTheme(Handle(), L"Explorer", nullptr);
     const DWORD styles = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
     SendMessageW(Handle(), LVM_SETEXTENDEDLISTVIEWSTYLE, styles, static_cast<LPARAM>(styles));
     LVCOLUMNW column{};
@@ -41,8 +39,19 @@ void ListViewMirror::Apply() {
                      LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL);
         InvalidateRect(Handle(), nullptr, FALSE);
     }
+    ApplyRowHeight();
     ApplyColumn();
     ApplySelection();
+}
+
+// How tall rows are can only be asked when there are some.
+void ListViewMirror::ApplyRowHeight() {
+    RECT row{};
+    row.left = LVIR_BOUNDS;
+    if (list_.Items().empty() || !Default(LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&row))) return;
+    if (rowHeight_ == row.bottom - row.top) return;
+    rowHeight_ = row.bottom - row.top;
+    ApplyPlace(nullptr);
 }
 
 void ListViewMirror::ApplyColumn() {
@@ -89,6 +98,56 @@ void ListViewMirror::GiveText(NMLVDISPINFOW& info) {
     info.item.pszText = text_.data();
 }
 
+RECT ListViewMirror::PlaceInPixels() const {
+    RECT place = Mirror::PlaceInPixels();
+    RECT window{};
+    RECT client{};
+    GetWindowRect(Handle(), &window);
+    GetClientRect(Handle(), &client);
+    const LONG edge = std::max(0L, window.bottom - window.top - client.bottom);
+    const LONG room = place.bottom - place.top - edge;
+    if (rowHeight_ > 0 && room >= rowHeight_)
+        place.bottom = place.top + edge + room / rowHeight_ * rowHeight_;
+    return place;
+}
+
+// Items look as the cells of the grids do, the selected ones also without the focus.
+LRESULT ListViewMirror::DrawItem(const NMLVCUSTOMDRAW& draw) {
+    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+    if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
+    const std::size_t index = draw.nmcd.dwItemSpec;
+    if (index >= list_.Items().size()) return CDRF_DODEFAULT;
+    const ListView::Item& item = list_.Items()[index];
+    RECT row{};
+    row.left = LVIR_BOUNDS;
+    Default(LVM_GETITEMRECT, index, reinterpret_cast<LPARAM>(&row));
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    row.left = std::max(row.left, 0L);
+    row.right = client.right;
+
+    const Canvas canvas(draw.nmcd.hdc, Kept());
+    const Palette& colours = canvas.Colours();
+    const bool focused = GetFocus() == Handle();
+    const COLORREF ground = !item.selected ? colours.window : focused ? colours.selected : colours.resting;
+    const COLORREF ink = !item.selected ? colours.windowText
+                         : focused      ? colours.selectedText
+                                        : colours.restingText;
+    canvas.Fill(row, ground);
+    RECT text = row;
+    InflateRect(&text, -canvas.Scaled(4), 0);
+    canvas.Text(text, Wide(item.text), Weight::Regular,
+                IsWindowEnabled(Handle()) ? ink : colours.disabledText,
+                DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS);
+    const bool cue = (SendMessageW(Handle(), WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS) == 0;
+    if (focused && cue && Default(LVM_GETNEXTITEM, index - 1, LVNI_FOCUSED) == static_cast<LRESULT>(index)) {
+        SetTextColor(draw.nmcd.hdc, ink);
+        SetBkColor(draw.nmcd.hdc, ground);
+        DrawFocusRect(draw.nmcd.hdc, &row);
+    }
+    return CDRF_SKIPDEFAULT;
+}
+
 // Typing letters goes to the next item that begins with them.
 int ListViewMirror::FindFrom(const NMLVFINDITEMW& find) const {
     if ((find.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || list_.Items().empty()) return -1;
@@ -104,6 +163,7 @@ int ListViewMirror::FindFrom(const NMLVFINDITEMW& find) const {
 LRESULT ListViewMirror::OnNotify(NMHDR& header) {
     switch (header.code) {
         case LVN_GETDISPINFOW: GiveText(reinterpret_cast<NMLVDISPINFOW&>(header)); return 0;
+        case NM_CUSTOMDRAW: return DrawItem(reinterpret_cast<const NMLVCUSTOMDRAW&>(header));
         case LVN_ODFINDITEMW: return FindFrom(reinterpret_cast<const NMLVFINDITEMW&>(header));
         case LVN_ITEMCHANGED: {
             const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);

@@ -19,6 +19,8 @@ public:
     void Apply() override;
     void LookChanged() override;
     bool TakesFocus() const override { return true; }
+    /// As tall as whole rows are.
+    RECT PlaceInPixels() const override;
 
 protected:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -28,12 +30,15 @@ private:
     void ApplyColumn();
     void ApplySelection();
     void GiveText(NMLVDISPINFOW& info);
+    LRESULT DrawItem(const NMLVCUSTOMDRAW& draw);
+    void ApplyRowHeight();
     void NoteSelection();
     std::vector<bool> SelectedInWindow();
     int FindFrom(const NMLVFINDITEMW& find) const;
 
     ListView& list_;
     unsigned version_ = 0;
+    LONG rowHeight_ = 0;
     std::wstring text_;
 };
 

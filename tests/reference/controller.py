@@ -87,14 +87,14 @@ class Controller:
             time_format = self.time_formats[self.language]
         else:
             time_format = self.time_formats.get("EN", "")
+        self.refresh["format"] = time_format
+        self.refresh["last"] = clock_text(now)
         interval = leading_number(message.property("tqDBRefreshInterval"))
-        self.refresh = {
-            "format": time_format,
-            "interval": interval,
-            "last": clock_text(now),
-            "next": clock_text(round(now + interval * 60) % 86400),
-            "visible": True,
-        }
+        if abs(interval) == float("inf"):
+            raise RunTimeError(6)
+        self.refresh["interval"] = interval
+        self.refresh["next"] = clock_text(round(now + interval * 60) % 86400)
+        self.refresh["visible"] = True
 
     def selected_ids(self):
         return [item.buid for item in self.list_items if item.selected]

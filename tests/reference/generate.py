@@ -150,7 +150,7 @@ class SessionGenerator:
         if name == "select":
             return {"op": "select", "ids": self.data.some_ids() + (["gone"] if self.chance(0.1) else [])}
         if name in ("optBU", "optDisplay", "tab"):
-            return {"op": name, "index": self.random.randint(0, 1)}
+            return {"op": name, "index": self.pick([0, 1, 0, 1, 0, 1, 0, 1, 2])}
         if name in ("collapse", "expand"):
             return self.node_step(name)
         if name in ("dblclick", "enter"):

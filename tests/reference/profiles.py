@@ -268,7 +268,7 @@ class Profiles:
 
     def menu_profile_click(self, index):
         caption = self.menu[index][0]
-        if caption != self.current_name():
+        if self.current_profile is None or caption != self.current_profile.name:
             for item in self.menu:
                 item[1] = False
             self.menu[index][1] = True

@@ -5,16 +5,17 @@ from webdata import Message, Table, message_from_text, result_text
 
 
 class DialogScript:
-    """What the user does in the dialogs of one step; a dialog opened from inside the manage dialog finds no actions."""
+    """What the user does in the dialogs of one step; a dialog opened from inside another goes on with what is left."""
 
     def __init__(self, step):
         self.step = step
+        self.pending_actions = list(step.get("actions", []))
         self.action = None
 
     def actions(self):
-        if self.action is None:
-            for self.action in self.step.get("actions", []):
-                yield self.action
+        while self.pending_actions:
+            self.action = self.pending_actions.pop(0)
+            yield self.action
 
     def current(self):
         return self.action if self.action is not None else self.step
@@ -101,6 +102,12 @@ def receive_profile_response(viewer, step):
     viewer.receive_profile_response(text, step["function"])
 
 
+def set_choice(viewer, name, index):
+    """Chooses one of two options or tabs; there is no other."""
+    if index in (0, 1):
+        setattr(viewer, name, index)
+
+
 def press_view(viewer, _step):
     if viewer.view_enabled:
         viewer.view_click()
@@ -136,9 +143,9 @@ HOST_STEPS = {
 
 USER_STEPS = {
     "select": lambda viewer, step: viewer.select(step["ids"]),
-    "optBU": lambda viewer, step: setattr(viewer, "opt_bu", step["index"]),
-    "optDisplay": lambda viewer, step: setattr(viewer, "opt_display", step["index"]),
-    "tab": lambda viewer, step: setattr(viewer, "tab", step["index"]),
+    "optBU": lambda viewer, step: set_choice(viewer, "opt_bu", step["index"]),
+    "optDisplay": lambda viewer, step: set_choice(viewer, "opt_display", step["index"]),
+    "tab": lambda viewer, step: set_choice(viewer, "tab", step["index"]),
     "view": press_view,
     "collapse": lambda viewer, step: viewer.collapse(step["grid"], step.get("row", -1), step.get("data"), True),
     "expand": lambda viewer, step: viewer.collapse(step["grid"], step.get("row", -1), step.get("data"), False),

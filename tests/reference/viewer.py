@@ -140,6 +140,8 @@ class Viewer(Controller, Summary, Hierarchy, DrillDown, Profiles):
             item.selected = item.buid in ids
 
     def find_node(self, index, number, data):
+        if index not in (0, 1, 2):
+            return None
         grid = self.grids[index]
         if data is not None:
             row = grid.rows[2] if index == 0 and data == "TOTAL" and len(grid.rows) > 2 else grid.find(data)
@@ -153,6 +155,8 @@ class Viewer(Controller, Summary, Hierarchy, DrillDown, Profiles):
             row.collapsed = collapsed
 
     def has_cell(self, index, row, column):
+        if index not in (0, 1, 2):
+            return False
         return 0 <= row < len(self.grids[index].rows) and 0 <= column < self.grids[index].columns
 
     # The state

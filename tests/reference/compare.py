@@ -55,8 +55,8 @@ def run_player(player, path):
 def difference_text(document, player, path):
     """What the player does otherwise than the model in the session that stands at path, empty when nothing."""
     steps = document["steps"] if isinstance(document, dict) else document
-    expected = json.loads(json.dumps(reference.transcript(document)))
     try:
+        expected = json.loads(json.dumps(reference.transcript(document)))
         actual = run_player(player, path)
     except (ValueError, subprocess.TimeoutExpired) as error:
         return str(error)

@@ -22,4 +22,8 @@ def print_steps(steps):
 
 if __name__ == "__main__":
     with open(sys.argv[1], encoding="utf-8") as file:
-        print_steps(transcript(json.load(file)))
+        session = json.load(file)
+    try:
+        print_steps(transcript(session))
+    except ValueError as error:
+        sys.exit(f"{sys.argv[1]}: {error}")

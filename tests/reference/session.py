@@ -69,7 +69,7 @@ class Session:
         if step["op"] in HOST_STEPS:
             self.host_step(step)
         elif step["op"] not in USER_STEPS:
-            raise SystemExit(f"the reference model does not play '{step['op']}'")
+            raise ValueError(f"the reference model does not play '{step['op']}'")
         elif not self.viewer.stopped:
             self.viewer.enter(USER_STEPS[step["op"]], self.viewer, step)
 

@@ -7,7 +7,7 @@ packages_of() {
         native) echo "cmake ninja-build g++ python3 googletest libpugixml-dev nlohmann-json3-dev" ;;
         windows) echo "cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix" \
                       "mingw-w64-tools googletest libwine libwine-dev python3" ;;
-        wine) echo "wine wine64 xvfb fonts-liberation fonts-dejavu-core" ;;
+        wine) echo "wine wine64 xvfb fonts-liberation fonts-open-sans" ;;
         checks) echo "python3 clang-format clang-tidy" ;;
         format) echo "clang-format" ;;
         *) echo "unknown package group $1" >&2; return 1 ;;

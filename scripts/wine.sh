@@ -30,11 +30,14 @@ wine_begin() {
         exec 8>&-
         flock 7
         if [[ ! -f $wineRoot/ready ]] || [[ $root/scripts/wine.reg -nt $wineRoot/ready ]]; then
+            wineserver -k || true
             rm -rf "$WINEPREFIX"
             env -u DISPLAY timeout -k 5 180 wine wineboot -i &&
                 env -u DISPLAY timeout -k 5 60 wine regedit /S "Z:$root/scripts/wine.reg" &&
                 env -u DISPLAY timeout -k 5 60 wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels \
                     /t REG_DWORD /d "$wineDpi" /f &&
+                # The desktop that these have begun has no display; nothing could make a window on it.
+                { wineserver -k || true; } && wineserver -w &&
                 touch "$wineRoot/ready"
         fi 7>&-
     ) 7>"$wineRoot/prefix.lock" >"$wineRoot/prefix.log" 2>&1 </dev/null || {

@@ -33,7 +33,10 @@ std::vector<std::string> Arguments() {
 
 bool RunWindow(const Options& options) {
     DemoWindow window(options, std::make_unique<PlainHolder>());
-    if (!window.Create()) return false;
+    if (!window.Create()) {
+        std::fputs("demo: no window could be made\n", stderr);
+        return false;
+    }
     if (options.mode == Options::Mode::Pictures) return PictureRun(window, options).Run();
     window.StartControl(options.language, options.profile);
     window.RunMessages();

@@ -9,6 +9,7 @@
 # Names after LINK are either layers (base) or full target names (GTest::gmock).
 
 option(DLV_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(DLV_TESTS "Build the test programs" ON)
 set(DLV_GOOGLETEST /usr/src/googletest CACHE PATH "Folder of the GoogleTest sources")
 
 set(CMAKE_CXX_STANDARD 20)
@@ -78,6 +79,8 @@ function(dlv_add_tests target)
     target_link_libraries(${target} PRIVATE dlv_test_main dlv_flags GTest::gtest)
     dlv_link(${target} ${arg_LINK})
     target_compile_definitions(${target} PRIVATE DLV_TESTS_DIR="${PROJECT_SOURCE_DIR}/tests")
+    # Half the time of a full build would go into optimising tests.
+    target_compile_options(${target} PRIVATE $<$<NOT:$<CONFIG:Debug>>:-Og>)
     # A row of a table names only the fields that matter to it.
     target_compile_options(${target} PRIVATE -Wno-missing-field-initializers)
     file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/results")

@@ -59,8 +59,8 @@ HostWindow::HostWindow() {
         return RegisterClassW(&windowClass);
     }();
     EXPECT_NE(registered, 0);
-    window_ = CreateWindowExW(0, kWindowClass, L"Host", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN | WS_VISIBLE, 0,
-                              0, 940, 660, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    window_ = CreateWindowExW(0, kWindowClass, L"Host", WS_POPUP | WS_CLIPCHILDREN | WS_VISIBLE, 0, 0, 940,
+                              660, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
     EXPECT_NE(window_, nullptr);
 }
 

@@ -33,7 +33,11 @@ Variant Changed(const VARIANT& value, VARTYPE type) {
     Check(Dereference(value, plain));
     if (plain->vt == type) return plain;
     Variant changed;
-    Check(VariantChangeTypeEx(changed.Address(), plain.Address(), LOCALE_INVARIANT, VARIANT_ALPHABOOL, type));
+    const HRESULT result =
+        VariantChangeTypeEx(changed.Address(), plain.Address(), LOCALE_INVARIANT, VARIANT_ALPHABOOL, type);
+    if (result == DISP_E_OVERFLOW || result == E_OUTOFMEMORY) throw ComError(result);
+    // Objects without a value of their own fail in as many ways as there are objects.
+    if (FAILED(result)) throw ComError(DISP_E_TYPEMISMATCH);
     return changed;
 }
 

@@ -13,7 +13,7 @@ constexpr std::uint64_t kMix = 0x9E3779B97F4A7C15u;
 
 std::uint64_t Start(std::string_view text) {
     std::uint64_t start = 0;
-    std::memcpy(&start, text.data(), std::min<std::size_t>(text.size(), 8));
+    if (!text.empty()) std::memcpy(&start, text.data(), std::min<std::size_t>(text.size(), 8));
     return start;
 }
 
@@ -25,7 +25,7 @@ std::uint64_t Mix(std::uint64_t value) {
 }
 
 std::uint64_t HashOf(std::uint64_t start, std::string_view text) {
-    std::uint64_t hash = Mix(start ^ (text.size() << 56));
+    std::uint64_t hash = Mix(start ^ (std::uint64_t{text.size()} << 56));
     for (std::size_t at = 8; at < text.size(); at += 8) hash = Mix(hash ^ Start(text.substr(at)));
     return hash;
 }

@@ -9,7 +9,7 @@ namespace {
 constexpr double kMargin = Pixels(6);
 constexpr double kStatusHeight = Pixels(25);
 constexpr double kLeastTabsHeight = Pixels(130);
-constexpr double kLeastTimesWidth = Pixels(660);
+constexpr double kLeastTimesWidth = Pixels(600);
 constexpr double kLeastPanelWidth = Pixels(856);
 constexpr int kFigures = 7;
 

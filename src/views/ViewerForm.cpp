@@ -19,7 +19,7 @@ constexpr double kLine = 17;
 ViewerForm::ViewerForm() : Form("DLViewer") {
     SetSize(Pixels(kDesignWidth), Pixels(kDesignHeight));
     Place(fraDLV, InPixels(0, 0, kDesignWidth, kDesignHeight - 25));
-    Place(tbMain, InPixels(6, 3, 190, 32), fraDLV);
+    Place(tbMain, InPixels(6, 3, 150, 32), fraDLV);
     const auto item = [](const char* key, Toolbar::Style style) {
         return Toolbar::Item{key, style, {}, true};
     };

@@ -133,6 +133,10 @@ LRESULT ControlSurface::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_NOTIFY:
             if (Reflect(message, wParam, lParam, result)) return result;
             break;
+        case WM_ENTERIDLE:
+            // A menu is open and nothing happens: the moment to see that the control has ended meanwhile.
+            if (wParam == MSGF_MENU && Host().Ending()) EndMenu();
+            return 0;
         case WM_DPICHANGED_AFTERPARENT: SetDpi(static_cast<int>(GetDpiForWindow(Handle()))); return 0;
         case WM_SYSCOLORCHANGE:
         case WM_THEMECHANGED:

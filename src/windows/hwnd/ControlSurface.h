@@ -18,6 +18,7 @@ public:
     void Flush();
     void TakeFocus(FocusFrom from);
     bool TranslateKey(const MSG& message);
+    DLViewer& Viewer() const { return Host().Viewer(); }
     Bounds SizeInTwips() const;
     int Dpi() const { return scale_.Dpi(); }
     void SetDpi(int dpi);

@@ -1,6 +1,7 @@
 #include "windows/hwnd/ControlWindow.h"
 
 #include "windows/hwnd/ControlSurface.h"
+#include "windows/hwnd/ProfileMenuWindow.h"
 
 namespace dlv {
 
@@ -32,6 +33,10 @@ bool ControlWindow::HasFocus() const {
 void ControlWindow::TakeFocus(FocusFrom from) { surface_->TakeFocus(from); }
 
 bool ControlWindow::TranslateKey(const MSG& message) { return surface_->TranslateKey(message); }
+
+void ControlWindow::ShowProfileMenu() {
+    if (Handle() != nullptr) dlv::ShowProfileMenu(surface_->Viewer(), Handle());
+}
 
 double ControlWindow::SurfaceWidth() const { return surface_->SizeInTwips().width; }
 

@@ -47,6 +47,9 @@ public:
     /// either end of the control is left to the container.
     bool TranslateKey(const MSG& message);
 
+    /// Pops up the profile menu at the mouse and runs the handler of the item that a person chooses.
+    void ShowProfileMenu();
+
     /// Inner size in twips; 0 without a window.
     double SurfaceWidth() const;
     double SurfaceHeight() const;

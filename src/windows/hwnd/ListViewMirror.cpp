@@ -123,7 +123,7 @@ LRESULT ListViewMirror::DrawItem(const NMLVCUSTOMDRAW& draw) {
     Default(LVM_GETITEMRECT, index, reinterpret_cast<LPARAM>(&row));
     RECT client{};
     GetClientRect(Handle(), &client);
-    row.left = std::max(row.left, 0L);
+    row.left = 0;
     row.right = client.right;
 
     const Canvas canvas(draw.nmcd.hdc, Kept());
@@ -180,7 +180,9 @@ LRESULT ListViewMirror::OnNotify(NMHDR& header) {
 
 LRESULT ListViewMirror::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     const LRESULT result = Mirror::OnMessage(message, wParam, lParam);
-    if (message == WM_SIZE && Handle() != nullptr) ApplyColumn();
+    if (Handle() == nullptr) return result;
+    if (message == WM_SIZE) ApplyColumn();
+    if (message == WM_SETFOCUS || message == WM_KILLFOCUS) InvalidateRect(Handle(), nullptr, FALSE);
     return result;
 }
 

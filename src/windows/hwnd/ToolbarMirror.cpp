@@ -71,6 +71,13 @@ void ToolbarMirror::Choose(int id) {
     if (item != nullptr && item->visible) Owner().Listener().ToolChosen(bar_, std::string(item->key));
 }
 
+LRESULT ToolbarMirror::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = Mirror::OnMessage(message, wParam, lParam);
+    // The bar itself keeps the button marked that the keyboard was on.
+    if (message == WM_KILLFOCUS && Handle() != nullptr) Default(TB_SETHOTITEM, static_cast<WPARAM>(-1), 0);
+    return result;
+}
+
 void ToolbarMirror::OnCommand(int, int id) { Choose(id); }
 
 LRESULT ToolbarMirror::OnNotify(NMHDR& header) {

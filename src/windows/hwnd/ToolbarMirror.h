@@ -19,6 +19,7 @@ public:
     std::string ToolTip() const override { return {}; }
 
 protected:
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnCommand(int code, int id) override;
     LRESULT OnNotify(NMHDR& header) override;
 

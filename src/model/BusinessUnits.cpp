@@ -41,10 +41,9 @@ void BusinessUnits::Add(BusinessUnit unit) {
     unitsBySpelling_.Insert(unit.BUID, number);
     units_.push_back(std::move(unit));
     nearTypes_.emplace_back().fill(kNoRecord);
-    lastUnit_ = kNoRecord;
 }
 
-std::uint32_t BusinessUnits::TypeOf(std::uint32_t unit, std::uint32_t code) {
+std::uint32_t BusinessUnits::AddJobType(std::uint32_t unit, std::uint32_t code) {
     const std::uint32_t fold = typeCodes_.Fold(code);
     const std::uint32_t next = Next(types_.size());
     std::uint32_t type = next;
@@ -55,24 +54,28 @@ std::uint32_t BusinessUnits::TypeOf(std::uint32_t unit, std::uint32_t code) {
     } else {
         type = farTypes_.Insert(unit, fold, next);
     }
-    if (type == next) types_.push_back({code, unit});
+    if (type == next) {
+        types_.push_back({code, unit});
+        classSets_.emplace_back();
+    }
     return type;
 }
 
-bool BusinessUnits::HasClass(std::uint32_t type, std::uint32_t code) {
+bool BusinessUnits::HasJobClass(std::uint32_t type, std::uint32_t code) const {
     const std::uint32_t fold = classCodes_.Fold(code);
-    if (fold < kFoldBits) return (types_[type].classBits >> fold & 1) != 0;
+    if (fold < kFoldBits) return (classSets_[type].bits >> fold & 1) != 0;
     return classesByType_.Find(type, fold) != PairTable::kNone;
 }
 
-void BusinessUnits::AddClass(std::uint32_t type, std::uint32_t code, const Counters& counters) {
+void BusinessUnits::AddJobClass(std::uint32_t type, std::uint32_t code, const Counters& counters) {
     const std::uint32_t fold = classCodes_.Fold(code);
-    JobType& owner = types_[type];
+    ClassSet& set = classSets_[type];
     if (fold < kFoldBits)
-        owner.classBits |= std::uint64_t{1} << fold;
+        set.bits |= std::uint64_t{1} << fold;
     else
         classesByType_.Insert(type, fold, Next(classes_.size()));
-    ++owner.classCount;
+    ++set.count;
+    classesInOrder_ &= classes_.empty() || classes_.back().type <= type;
     classes_.push_back({code, type, counters});
 }
 
@@ -83,7 +86,10 @@ void BusinessUnits::BringIntoOrder() {
 
 // Types stand as they were first seen; a stable distribution brings those of each unit together.
 void BusinessUnits::OrderTypes() {
-    for (const JobType& type : types_) ++units_[type.unit].typeCount;
+    for (std::size_t type = 0; type < types_.size(); ++type) {
+        types_[type].classCount = classSets_[type].count;
+        ++units_[types_[type].unit].typeCount;
+    }
     std::uint32_t first = 0;
     for (BusinessUnit& unit : units_) {
         unit.firstType = first;
@@ -100,6 +106,7 @@ void BusinessUnits::OrderTypes() {
     }
     types_ = std::move(ordered);
     for (JobClass& jobClass : classes_) jobClass.type = moved[jobClass.type];
+    classesInOrder_ = std::ranges::is_sorted(classes_, {}, &JobClass::type);
 }
 
 void BusinessUnits::OrderClasses() {
@@ -108,7 +115,7 @@ void BusinessUnits::OrderClasses() {
         type.firstClass = first;
         first += type.classCount;
     }
-    if (std::ranges::is_sorted(classes_, {}, &JobClass::type)) return;
+    if (classesInOrder_) return;
     std::vector<std::uint32_t> next(types_.size());
     for (std::size_t type = 0; type < types_.size(); ++type) next[type] = types_[type].firstClass;
     std::vector<JobClass> ordered(classes_.size());
@@ -145,7 +152,8 @@ bool BusinessUnits::SumQuickly(const BusinessUnit& unit) {
         for (std::size_t s = 0; s < kCounterCount; ++s) {
             const auto value = static_cast<std::uint32_t>(jobClass.counters[s]);
             bits |= value;
-            total.counters[s] = static_cast<std::int32_t>(static_cast<std::uint32_t>(total.counters[s]) + value);
+            total.counters[s] =
+                static_cast<std::int32_t>(static_cast<std::uint32_t>(total.counters[s]) + value);
         }
     });
     if (sameSpelling && bits * rows <= INT32_MAX) return true;
@@ -199,10 +207,11 @@ void BusinessUnits::Clear() {
     unitsBySpelling_.Clear();
     nearTypes_.clear();
     farTypes_.Clear();
+    classSets_.clear();
+    classesInOrder_ = true;
     classesByType_.Clear();
     totalOfFold_.clear();
     placesFrom_ = 0;
-    lastUnit_ = kNoRecord;
 }
 
 }  // namespace dlv

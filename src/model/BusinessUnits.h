@@ -51,11 +51,16 @@ public:
 
     /// Adds a unit; error 457 when its id is there already.
     void Add(BusinessUnit unit);
-    /// Takes a detail row into the unit of that id: its job type and job class are made on first
-    /// sight, and a class that the type has already is left as it is. `read` gives the row's code
-    /// texts and counters in turn, each when it is needed. Rows of unknown units are passed over.
-    template <class Reader>
-    void AddDetail(std::string_view id, Reader& read);
+    /// The number of the unit of that id; `kNoRecord` when there is none.
+    std::uint32_t UnitNumber(std::string_view id) const;
+    /// The number of a code, made on first sight.
+    std::uint32_t JobTypeCode(std::string_view text) { return typeCodes_.NumberOf(text); }
+    std::uint32_t JobClassCode(std::string_view text) { return classCodes_.NumberOf(text); }
+    /// The number of a unit's job type, which is made on first sight.
+    std::uint32_t AddJobType(std::uint32_t unit, std::uint32_t code);
+    bool HasJobClass(std::uint32_t type, std::uint32_t code) const;
+    /// Adds a job class to a type that does not have it.
+    void AddJobClass(std::uint32_t type, std::uint32_t code, const Counters& counters);
 
     /// Brings types and classes, which were taken in row by row, into the order of their units. To be
     /// called when the last row was taken in, however the loading ended.
@@ -93,12 +98,14 @@ private:
     /// Type folds below this are found without a look-up.
     static constexpr std::size_t kNearTypes = 8;
 
-    std::uint32_t UnitNumber(std::string_view id) const;
+    /// Which classes a type has: those of the first 64 folds by a bit each.
+    struct ClassSet {
+        std::uint64_t bits = 0;
+        std::uint32_t count = 0;
+    };
+
     void OrderTypes();
     void OrderClasses();
-    std::uint32_t TypeOf(std::uint32_t unit, std::uint32_t code);
-    bool HasClass(std::uint32_t type, std::uint32_t code);
-    void AddClass(std::uint32_t type, std::uint32_t code, const Counters& counters);
     void MakeTotalClasses(BusinessUnit& unit);
     bool SumQuickly(const BusinessUnit& unit);
     void SumStepByStep(BusinessUnit& unit);
@@ -106,6 +113,7 @@ private:
     std::vector<BusinessUnit> units_;
     std::vector<JobType> types_;
     std::vector<JobClass> classes_;
+    bool classesInOrder_ = true;
     std::vector<JobClass> totals_;
     CodeTable typeCodes_;
     CodeTable classCodes_;
@@ -113,29 +121,10 @@ private:
     mutable TextTable unitsBySpelling_;
     std::vector<std::array<std::uint32_t, kNearTypes>> nearTypes_;  // by unit and type fold
     PairTable farTypes_;
+    std::vector<ClassSet> classSets_;  // by type, while rows are taken in
     PairTable classesByType_;
     std::vector<std::uint32_t> totalOfFold_;  // the total class of each class fold, for one unit
     std::size_t placesFrom_ = 0;              // the first total class that has its place there
-
-    // What the row before led to: rows mostly come in runs of one unit.
-    std::string lastId_;
-    std::uint32_t lastUnit_ = kNoRecord;
 };
-
-template <class Reader>
-void BusinessUnits::AddDetail(std::string_view id, Reader& read) {
-    if (lastUnit_ == kNoRecord || id != lastId_) {
-        lastUnit_ = UnitNumber(id);
-        lastId_ = id;
-        if (lastUnit_ == kNoRecord) return;
-    }
-    const std::uint32_t unit = lastUnit_;
-    const std::uint32_t type = TypeOf(unit, typeCodes_.NumberOf(read.JobType()));
-    const std::uint32_t code = classCodes_.NumberOf(read.JobClass());
-    if (HasClass(type, code)) return;
-    Counters counters;
-    read.Counters(counters);
-    AddClass(type, code, counters);
-}
 
 }  // namespace dlv

@@ -42,8 +42,6 @@ struct JobType {
     std::uint32_t unit;  // the unit that it belongs to
     std::uint32_t firstClass = 0;
     std::uint32_t classCount = 0;
-    /// Which of the first 64 class folds it has.
-    std::uint64_t classBits = 0;
 };
 
 }  // namespace dlv

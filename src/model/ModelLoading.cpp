@@ -1,6 +1,7 @@
 #include "model/ModelLoading.h"
 
 #include <array>
+#include <vector>
 
 namespace dlv {
 
@@ -24,29 +25,66 @@ std::string_view ReadText(const RowTable& table, std::size_t row, const RowTable
     return text;
 }
 
-/// The fields of one detail row, each read when the model asks for it.
-class DetailReader {
+/// Remembers what texts led to by their keys: a few at a time, newer ones in the place of older.
+class KeyCache {
 public:
-    explicit DetailReader(const RowTable& table)
-        : table_(table),
-          id_(table.FindColumn("BUID")),
-          type_(table.FindColumn("JobType")),
-          class_(table.FindColumn("JobClass")),
-          counters_(FindColumns(table, kCounterColumns)) {}
+    explicit KeyCache(unsigned bits) : shift_(32 - bits), entries_(std::size_t{1} << bits) {}
 
-    void GoTo(std::size_t row) { row_ = row; }
-    std::string_view BUID() const { return ReadText(table_, row_, id_); }
-    std::string_view JobType() const { return ReadText(table_, row_, type_); }
-    std::string_view JobClass() const { return ReadText(table_, row_, class_); }
-    void Counters(dlv::Counters& counters) const { table_.ReadNumbers(row_, counters_, counters); }
+    template <class LookUp>
+    std::uint32_t Get(std::uint32_t key, LookUp&& lookUp) {
+        Entry& entry = entries_[(key * 0x9E3779B1u) >> shift_];
+        if (entry.key == key && key != RowTable::kNoKey) return entry.value;
+        const std::uint32_t value = lookUp();
+        entry = {key, value};
+        return value;
+    }
 
 private:
+    struct Entry {
+        std::uint32_t key = RowTable::kNoKey;
+        std::uint32_t value = kNoRecord;
+    };
+
+    unsigned shift_;
+    std::vector<Entry> entries_;
+};
+
+/// Takes detail rows into the model, each field being read when it is needed.
+class DetailLoader {
+public:
+    DetailLoader(const RowTable& table, BusinessUnits& model)
+        : table_(table),
+          model_(model),
+          codes_(FindColumns<3>(table, {"BUID", "JobType", "JobClass"})),
+          counters_(FindColumns(table, kCounterColumns)) {}
+
+    /// A row of an unknown unit is passed over; of two rows of one class the first counts.
+    void Load(std::size_t row) {
+        table_.ReadKeys(row, codes_, keys_);
+        const std::uint32_t unit = units_.Get(keys_[0], [&] { return model_.UnitNumber(Text(row, 0)); });
+        if (unit == kNoRecord) return;
+        const std::uint32_t typeCode = types_.Get(keys_[1], [&] { return model_.JobTypeCode(Text(row, 1)); });
+        const std::uint32_t type = model_.AddJobType(unit, typeCode);
+        const std::uint32_t code = classes_.Get(keys_[2], [&] { return model_.JobClassCode(Text(row, 2)); });
+        if (model_.HasJobClass(type, code)) return;
+        Counters counters;
+        table_.ReadNumbers(row, counters_, counters);
+        model_.AddJobClass(type, code, counters);
+    }
+
+private:
+    std::string_view Text(std::size_t row, std::size_t field) const {
+        return ReadText(table_, row, codes_[field]);
+    }
+
     const RowTable& table_;
-    std::size_t row_ = 0;
-    RowTable::Column id_;
-    RowTable::Column type_;
-    RowTable::Column class_;
+    BusinessUnits& model_;
+    std::array<RowTable::Column, 3> codes_;
     std::array<RowTable::Column, kCounterCount> counters_;
+    std::array<std::uint32_t, 3> keys_{};
+    KeyCache units_{15};
+    KeyCache types_{8};
+    KeyCache classes_{8};
 };
 
 }  // namespace
@@ -84,12 +122,9 @@ void LoadUnits(const RowTable& general, BusinessUnits& model) {
 }
 
 void LoadDetails(const RowTable& details, BusinessUnits& model) {
-    DetailReader reader(details);
+    DetailLoader loader(details, model);
     const std::size_t rows = details.RowCount();
-    for (std::size_t row = 1; row <= rows; ++row) {
-        reader.GoTo(row);
-        model.AddDetail(reader.BUID(), reader);
-    }
+    for (std::size_t row = 1; row <= rows; ++row) loader.Load(row);
 }
 
 }  // namespace dlv

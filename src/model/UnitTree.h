@@ -51,7 +51,8 @@ public:
     template <class Figures>
     void SumUp(std::vector<Figures>& figures) const {
         std::vector<std::uint32_t> open(NodeCount());
-        for (Node node = 0; node < NodeCount(); ++node) open[node] = firstChild_[node + 1] - firstChild_[node];
+        for (Node node = 0; node < NodeCount(); ++node)
+            open[node] = firstChild_[node + 1] - firstChild_[node];
         std::vector<Node> ready;
         for (Node node = 0; node < NodeCount(); ++node)
             if (open[node] == 0) ready.push_back(node);

@@ -9,14 +9,18 @@
 namespace dlv {
 
 cDLVController::cDLVController(Platform& platform, const Trap& trap, Events events)
-    : platform_(platform), trap_(trap), events_(std::move(events)), units_(std::make_shared<BusinessUnits>()) {}
+    : platform_(platform),
+      trap_(trap),
+      events_(std::move(events)),
+      units_(std::make_shared<BusinessUnits>()) {}
 
 void cDLVController::Initialize(Form& surface) { surface_ = &surface; }
 
 void cDLVController::Release() {
     tree_.reset();
     units_ = std::make_shared<BusinessUnits>();
-    for (Dictionary* lookup : {&descriptions_, &parents_, &typeDescriptions_, &classDescriptions_, &timeFormats_})
+    for (Dictionary* lookup :
+         {&descriptions_, &parents_, &typeDescriptions_, &classDescriptions_, &timeFormats_})
         *lookup = Dictionary();
 }
 

@@ -117,6 +117,16 @@ void QZWebTable::ReadTexts(std::size_t row, std::span<const Column> columns,
     }
 }
 
+// A cell is a number or the place of a text: the same cell is the same text.
+void QZWebTable::ReadKeys(std::size_t row, std::span<const Column> columns,
+                          std::span<std::uint32_t> keys) const {
+    const TableCells::Row line = SettledRow(row);
+    const Plan& plan = PlanFor(keyPlan_, line.shape, columns);
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        keys[i] =
+            plan.places[i] == TableShapes::kNowhere ? kNoKey : cells_.CellAt(line.firstCell + plan.places[i]);
+}
+
 void QZWebTable::ReadNumbers(std::size_t row, std::span<const Column> columns,
                              std::span<std::int32_t> numbers) const {
     const TableCells::Row line = SettledRow(row);

@@ -36,6 +36,8 @@ public:
                    std::span<std::string_view> texts) const override;
     void ReadNumbers(std::size_t row, std::span<const Column> columns,
                      std::span<std::int32_t> numbers) const override;
+    void ReadKeys(std::size_t row, std::span<const Column> columns,
+                  std::span<std::uint32_t> keys) const override;
 
     /// Adds a row without fields and returns its number.
     std::size_t AddRow();
@@ -73,6 +75,7 @@ private:
     mutable TableCells cells_;
     mutable Plan textPlan_;
     mutable Plan numberPlan_;
+    mutable Plan keyPlan_;
     mutable std::vector<char> numberTexts_;
 };
 

@@ -3,6 +3,7 @@
 // foreign host object are served by an adapter in the Windows layer.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -35,6 +36,17 @@ public:
     /// (1002 for a column that no row has, 6 for a number out of range).
     virtual void ReadNumbers(std::size_t row, std::span<const Column> columns,
                              std::span<std::int32_t> numbers) const = 0;
+
+    /// A key that stands for no text.
+    static constexpr std::uint32_t kNoKey = UINT32_MAX;
+
+    /// Reads keys of fields instead of their texts. As long as the table does not change, equal keys
+    /// stand for equal texts, so that what a text led to need not be looked up again; different keys
+    /// mean nothing. `kNoKey` where the table has none to give.
+    virtual void ReadKeys(std::size_t /*row*/, std::span<const Column> /*columns*/,
+                          std::span<std::uint32_t> keys) const {
+        std::ranges::fill(keys, kNoKey);
+    }
 
     /// One field by name, for callers that read a single row.
     std::string Field(std::size_t row, std::string_view name) const {

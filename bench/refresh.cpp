@@ -26,7 +26,8 @@ public:
     void Flush() override {}
     void ShowModal(dlv::ModalForm& form) override {
         const auto& error = dynamic_cast<const dlv::frmError&>(form);
-        std::fprintf(stderr, "refresh: %s: %s\n", error.lblErrLoc.Caption().c_str(), error.lblErrStr.Caption().c_str());
+        std::fprintf(stderr, "refresh: %s: %s\n", error.lblErrLoc.Caption().c_str(),
+                     error.lblErrStr.Caption().c_str());
         std::exit(3);
     }
     dlv::Answer ShowMessageBox(const dlv::MessageBox&) override { return dlv::Answer::No; }
@@ -100,7 +101,8 @@ int main(int argc, char** argv) {
     viewer.cmdView_Click();
     for (int run = 0; run < runs; ++run) {
         const Laps laps = Refresh(viewer, text);
-        std::printf("refresh rep=%d load=%.6f show=%.6f total=%.6f\n", run, laps.load, laps.show, laps.load + laps.show);
+        std::printf("refresh rep=%d load=%.6f show=%.6f total=%.6f\n", run, laps.load, laps.show,
+                    laps.load + laps.show);
     }
     std::printf("kept rows=%zu bytes=%zu cells=%016llx\n", rows, HeapBytes() - before,
                 static_cast<unsigned long long>(ReadAllCells(form)));

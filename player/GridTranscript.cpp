@@ -15,7 +15,9 @@ Json GridTranscript(const OutlineGrid& grid, int index) {
     for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
         Json cells = Json::array();
         for (int column = 0; column < grid.Columns(); ++column) cells.push_back(grid.CellText(row, column));
-        Json entry = {{"data", grid.RowData(row)}, {"cells", std::move(cells)}, {"grey", grid.RowBackColour(row) == grey}};
+        Json entry = {{"data", grid.RowData(row)},
+                      {"cells", std::move(cells)},
+                      {"grey", grid.RowBackColour(row) == grey}};
         if (index == 0)
             entry["bold"] = grid.RowBold(row);
         else

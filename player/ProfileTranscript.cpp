@@ -59,7 +59,8 @@ Json ProfileSetTranscript(const std::string& document) {
             Json rows = Json::array();
             for (std::size_t r = 1; r <= section->RowCount(); ++r) {
                 Json row = Json::object();
-                for (const std::string& field : section->FieldNames()) row[field] = section->Row(r)->Field(field);
+                for (const std::string& field : section->FieldNames())
+                    row[field] = section->Row(r)->Field(field);
                 rows.push_back(std::move(row));
             }
             sections[section->Name()] = {{"fields", section->FieldNames()}, {"rows", std::move(rows)}};

@@ -58,7 +58,8 @@ void ScriptedHost::Begin(const Json& step) {
 Json ScriptedHost::TakeLog() { return std::exchange(log_, Json::array()); }
 
 void ScriptedHost::Happened(const std::string& name) {
-    const auto ready = std::find_if(inline_.begin(), inline_.end(), [&](const Json& e) { return e[0] == name; });
+    const auto ready =
+        std::find_if(inline_.begin(), inline_.end(), [&](const Json& e) { return e[0] == name; });
     if (ready == inline_.end()) return;
     const Json step = (*ready)[1];
     inline_.erase(ready);
@@ -124,8 +125,8 @@ void ScriptedHost::WorkProfiles(frmProfiles& form) {
         dialog_ = action.value("dialog", Json::array());
         confirm_ = Confirms(action);
         const std::string verb = action["do"];
-        Button& button = verb == "choose" ? form.cmdChoose
-                         : verb == "new"  ? form.cmdNew
+        Button& button = verb == "choose"   ? form.cmdChoose
+                         : verb == "new"    ? form.cmdNew
                          : verb == "remove" ? form.cmdRemove
                                             : form.cmdClose;
         if (button.Enabled()) form.Click(button);

@@ -43,7 +43,8 @@ std::shared_ptr<QZWebMessage> MessageOf(const Json& step) {
         return message;
     }
     const Json props = step.value("props", Json::object());
-    for (const auto& property : props.items()) message->SetProperty(property.key(), property.value().get<std::string>());
+    for (const auto& property : props.items())
+        message->SetProperty(property.key(), property.value().get<std::string>());
     const Json tables = step.value("tables", Json::object());
     for (const auto& table : tables.items()) {
         const auto target = message->Data(1)->AddTable(table.key());
@@ -85,7 +86,8 @@ Json SessionPlayer::Play(const Json& step) {
     Json now = StateTranscript(*viewer_);
     Json changed = Json::object();
     for (const auto& part : now.items())
-        if (!state_.contains(part.key()) || state_[part.key()] != part.value()) changed[part.key()] = part.value();
+        if (!state_.contains(part.key()) || state_[part.key()] != part.value())
+            changed[part.key()] = part.value();
     state_ = std::move(now);
     return {{"log", host_.TakeLog()}, {"changed", std::move(changed)}};
 }
@@ -116,10 +118,10 @@ void SessionPlayer::MakeHostCall(const Json& step) {
     } else if (op == "receiveMessage") {
         ReceiveMessage(step);
     } else {
-        const std::string result =
-            step.contains("resultXML")
-                ? step["resultXML"].get<std::string>()
-                : ResultDocument(step.contains("error") ? &step["error"] : nullptr, step.value("payload", Json("")));
+        const std::string result = step.contains("resultXML")
+                                       ? step["resultXML"].get<std::string>()
+                                       : ResultDocument(step.contains("error") ? &step["error"] : nullptr,
+                                                        step.value("payload", Json("")));
         viewer_->ReceiveProfileResponse(result, step["function"]);
     }
 }
@@ -131,8 +133,11 @@ void SessionPlayer::ReceiveMessage(const Json& step) {
     // A call inside this one has a clock of its own.
     const TimeOfDay before = host_.Now();
     host_.SetNow(ClockOf(step["now"]));
-    Finally([&] { viewer_->ReceiveMessage({step.value("type", "QZWebMessage"), message}, dataType, tag); },
-            [&] { host_.SetNow(before); });
+    Finally(
+        [&] {
+            viewer_->ReceiveMessage({step.value("type", "QZWebMessage"), message}, dataType, tag);
+        },
+        [&] { host_.SetNow(before); });
 }
 
 void SessionPlayer::SelectUnits(const Json& ids) {

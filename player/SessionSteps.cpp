@@ -38,7 +38,8 @@ bool HasOnly(const Json& value, std::initializer_list<std::pair<const char*, Che
 }
 
 bool IsTable(const Json& value) {
-    return HasOnly(value, {{"cols", IsTexts}, {"rows", [](const Json& rows) { return IsListOf(rows, IsTexts); }}});
+    return HasOnly(value,
+                   {{"cols", IsTexts}, {"rows", [](const Json& rows) { return IsListOf(rows, IsTexts); }}});
 }
 
 bool IsClock(const Json& value) {
@@ -48,38 +49,46 @@ bool IsClock(const Json& value) {
     int second = 0;
     char rest = 0;
     const std::string text = value;
-    return std::sscanf(text.c_str(), "%d:%d:%d%c", &hour, &minute, &second, &rest) == 3 && hour >= 0 && hour < 24 &&
-           minute >= 0 && minute < 60 && second >= 0 && second < 60;
+    return std::sscanf(text.c_str(), "%d:%d:%d%c", &hour, &minute, &second, &rest) == 3 && hour >= 0 &&
+           hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
 }
 
 bool IsProfile(const Json& value) {
     const Check section = [](const Json& content) {
         return HasOnly(content, {{"fields", IsTexts}, {"rows", [](const Json& rows) {
-                                      return IsListOf(rows, [](const Json& row) { return IsObjectOf(row, IsText); });
-                                  }}});
+                                                           return IsListOf(rows, [](const Json& row) {
+                                                               return IsObjectOf(row, IsText);
+                                                           });
+                                                       }}});
     };
-    return HasOnly(value,
-                   {{"name", IsText}, {"sections", [&](const Json& all) { return IsObjectOf(all, section); }}});
+    return HasOnly(
+        value, {{"name", IsText}, {"sections", [&](const Json& all) { return IsObjectOf(all, section); }}});
 }
 
 bool IsPayload(const Json& value) { return value.is_string() || IsListOf(value, IsProfile); }
 bool IsErrorPair(const Json& value) { return IsTexts(value) && value.size() == 2; }
 
 bool IsOneOf(const Json& value, std::initializer_list<const char*> texts) {
-    return value.is_string() && std::find(texts.begin(), texts.end(), value.get<std::string>()) != texts.end();
+    return value.is_string() &&
+           std::find(texts.begin(), texts.end(), value.get<std::string>()) != texts.end();
 }
 
 bool IsConfirm(const Json& value) { return IsOneOf(value, {"yes", "no"}); }
 
 bool IsDialog(const Json& value) {
     return IsListOf(value, [](const Json& entry) {
-        return HasOnly(entry, {{"text", IsText}, {"button", [](const Json& b) { return IsOneOf(b, {"ok", "cancel"}); }}});
+        return HasOnly(entry, {{"text", IsText}, {"button", [](const Json& b) {
+                                                      return IsOneOf(b, {"ok", "cancel"});
+                                                  }}});
     });
 }
 
 bool IsActions(const Json& value) {
     return IsListOf(value, [](const Json& action) {
-        return HasOnly(action, {{"do", [](const Json& verb) { return IsOneOf(verb, {"choose", "new", "remove", "close"}); }},
+        return HasOnly(action, {{"do",
+                                 [](const Json& verb) {
+                                     return IsOneOf(verb, {"choose", "new", "remove", "close"});
+                                 }},
                                 {"name", IsText},
                                 {"dialog", IsDialog},
                                 {"confirm", IsConfirm}}) &&
@@ -118,7 +127,8 @@ const std::map<std::string, Step>& KnownSteps() {
            {"document", IsText}},
           true}},
         {"receiveProfileResponse",
-         {{{"function", IsText, true}, {"error", IsErrorPair}, {"payload", IsPayload}, {"resultXML", IsText}}, true}},
+         {{{"function", IsText, true}, {"error", IsErrorPair}, {"payload", IsPayload}, {"resultXML", IsText}},
+          true}},
         {"select", {{{"ids", IsTexts, true}}}},
         {"optBU", {{{"index", IsWhole, true}}}},
         {"optDisplay", {{{"index", IsWhole, true}}}},
@@ -133,7 +143,8 @@ const std::map<std::string, Step>& KnownSteps() {
            {"mouseRow", IsWhole},
            {"mouseCol", IsWhole},
            {"button", IsWhole}}}},
-        {"enter", {{{"grid", IsWhole, true}, {"row", IsWhole, true}, {"col", IsWhole, true}, {"shift", IsFlag}}}},
+        {"enter",
+         {{{"grid", IsWhole, true}, {"row", IsWhole, true}, {"col", IsWhole, true}, {"shift", IsFlag}}}},
         {"techCount", {{}}},
         {"profilesMenu", {{}}},
         {"menuProfile", {{{"index", IsWhole, true}, {"actions", IsActions}}}},
@@ -151,7 +162,8 @@ const std::map<std::string, Step>& KnownSteps() {
 enum class Where { Session, Inline };
 
 void CheckStep(const Json& step, const std::string& place, Where where) {
-    if (!step.is_object() || !step.contains("op") || !step["op"].is_string()) Refuse(place, "no step: it has no \"op\"");
+    if (!step.is_object() || !step.contains("op") || !step["op"].is_string())
+        Refuse(place, "no step: it has no \"op\"");
     const std::string op = step["op"];
     const auto known = KnownSteps().find(op);
     if (known == KnownSteps().end()) Refuse(place, "unknown step \"" + op + "\"");
@@ -162,7 +174,8 @@ void CheckStep(const Json& step, const std::string& place, Where where) {
         const auto field = std::find_if(fields.begin(), fields.end(),
                                         [&](const Field& candidate) { return item.key() == candidate.name; });
         if (field == fields.end()) Refuse(place, "unknown field \"" + item.key() + "\" of \"" + op + "\"");
-        if (!field->check(item.value())) Refuse(place, "field \"" + item.key() + "\" of \"" + op + "\" is of the wrong kind");
+        if (!field->check(item.value()))
+            Refuse(place, "field \"" + item.key() + "\" of \"" + op + "\" is of the wrong kind");
     }
     for (const Field& field : known->second.fields)
         if (field.required && !step.contains(field.name))
@@ -184,10 +197,12 @@ Json ReadSteps(const std::string& document) {
     Json session = Json::parse(document, nullptr, false);
     if (session.is_discarded()) throw SessionError("the session is not a JSON document");
     Json steps = session.is_object() && session.contains("steps") ? session["steps"] : session;
-    if (!steps.is_array()) throw SessionError("the session is neither a list of steps nor an object with \"steps\"");
+    if (!steps.is_array())
+        throw SessionError("the session is neither a list of steps nor an object with \"steps\"");
     std::size_t number = 0;
     for (const Json& step : steps) CheckStep(step, "step " + std::to_string(++number), Where::Session);
-    if (!steps.empty() && steps[0]["op"] != "create") throw SessionError("step 1: the first step is \"create\"");
+    if (!steps.empty() && steps[0]["op"] != "create")
+        throw SessionError("step 1: the first step is \"create\"");
     return steps;
 }
 

@@ -1,7 +1,7 @@
 #include <cmath>
 
-#include "control/ControlState.h"
 #include "base/Text.h"
+#include "control/ControlState.h"
 #include "player/Transcript.h"
 
 namespace dlv::player {

@@ -8,7 +8,8 @@ void RaiseSubscript() { throw RunTimeError(kErrorSubscript, "Subscript out of ra
 void RaiseTypeMismatch() { throw RunTimeError(kErrorTypeMismatch, "Type mismatch"); }
 
 void RaiseDuplicateKey() {
-    throw RunTimeError(kErrorDuplicateKey, "This key is already associated with an element of this collection");
+    throw RunTimeError(kErrorDuplicateKey,
+                       "This key is already associated with an element of this collection");
 }
 
 void RaiseTableMissing(std::string_view table) {

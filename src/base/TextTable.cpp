@@ -34,7 +34,8 @@ std::uint64_t HashOf(std::uint64_t start, std::string_view text) {
 
 bool TextTable::Equals(const Slot& slot, std::uint64_t start, std::string_view text) const {
     return slot.start == start && slot.length == text.size() &&
-           (text.size() <= 8 || std::memcmp(tails_.data() + slot.tail, text.data() + 8, text.size() - 8) == 0);
+           (text.size() <= 8 ||
+            std::memcmp(tails_.data() + slot.tail, text.data() + 8, text.size() - 8) == 0);
 }
 
 // The slot of the text, or the free one where it would go.

@@ -23,8 +23,7 @@ enum class Outcome { Done, Failed };
 class BodyRef {
 public:
     template <class Body>
-        requires(!std::is_same_v<std::remove_cvref_t<Body>, BodyRef>)
-    BodyRef(Body&& body)
+    requires(!std::is_same_v<std::remove_cvref_t<Body>, BodyRef>) BodyRef(Body&& body)
         : body_(const_cast<void*>(static_cast<const void*>(&body))),
           call_([](void* b) { (*static_cast<std::remove_reference_t<Body>*>(b))(); }) {}
 

@@ -32,16 +32,14 @@ DLViewer::State::State(Platform& usedPlatform, HostEvents& events)
 }
 
 cDLVController::Events DLViewer::State::ControllerEvents() {
-    return {[this](const std::string& key, bool error) { ShowStatus(key, error); },
-            [this] { HideStatus(); },
+    return {[this](const std::string& key, bool error) { ShowStatus(key, error); }, [this] { HideStatus(); },
             [this](std::shared_ptr<const BusinessUnits> model) { FillSingleBUGrid(model); },
             [this](std::shared_ptr<const BusinessUnits> model) { FillBUHierarchyGrid(model); },
             [this] { RecoverFromFailedFill(); }};
 }
 
 ProfileExchange::Actions DLViewer::State::ProfileActions() {
-    return {[this] { outside.PostRequest("ClientReady"); },
-            [this] { View(); },
+    return {[this] { outside.PostRequest("ClientReady"); }, [this] { View(); },
             [this] {
                 if (hierarchy.Filled()) mDLV.FillSingleBU();
             },

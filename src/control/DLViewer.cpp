@@ -48,7 +48,8 @@ void UserAction(DLViewer::State& state, Body&& body) {
 
 }  // namespace
 
-DLViewer::DLViewer(Platform& platform, HostEvents& events) : state_(std::make_unique<State>(platform, events)) {}
+DLViewer::DLViewer(Platform& platform, HostEvents& events)
+    : state_(std::make_unique<State>(platform, events)) {}
 
 DLViewer::~DLViewer() = default;
 

@@ -18,8 +18,13 @@ public:
     ProfileDocument(ProfileState& state, ViewerForm& form, const cDLVController& controller,
                     CollapsedNodes& collapsed, const HierarchyView& hierarchy, Outside& outside,
                     const Trap& trap)
-        : state_(state), form_(form), controller_(controller), collapsed_(collapsed), hierarchy_(hierarchy),
-          outside_(outside), trap_(trap) {}
+        : state_(state),
+          form_(form),
+          controller_(controller),
+          collapsed_(collapsed),
+          hierarchy_(hierarchy),
+          outside_(outside),
+          trap_(trap) {}
 
     enum class Extent { StructureOnly, WithSettings };
 

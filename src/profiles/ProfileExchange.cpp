@@ -60,7 +60,9 @@ void ProfileExchange::SaveProfileAs(const std::string& name) {
 
 void ProfileExchange::AddProfile(const std::string& name) { RequestNamed(HostEvent::AddProfiles, name); }
 
-void ProfileExchange::RemoveProfile(const std::string& name) { RequestNamed(HostEvent::RemoveProfiles, name); }
+void ProfileExchange::RemoveProfile(const std::string& name) {
+    RequestNamed(HostEvent::RemoveProfiles, name);
+}
 
 bool ProfileExchange::HasHostError(const std::string& resultXml) {
     envelope_.ParseResult(resultXml, kResponse);

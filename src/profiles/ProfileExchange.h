@@ -26,8 +26,13 @@ public:
 
     ProfileExchange(ProfileState& state, ViewerForm& form, ProfileDocument& document,
                     ResultEnvelope& envelope, Outside& outside, const Trap& trap, Actions actions)
-        : state_(state), form_(form), document_(document), envelope_(envelope), outside_(outside),
-          trap_(trap), actions_(std::move(actions)) {}
+        : state_(state),
+          form_(form),
+          document_(document),
+          envelope_(envelope),
+          outside_(outside),
+          trap_(trap),
+          actions_(std::move(actions)) {}
 
     /// Asks for the names of all profiles.
     void GetProfileList();

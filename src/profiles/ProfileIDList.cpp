@@ -24,8 +24,8 @@ std::string NameIn(std::string_view piece) {
 }  // namespace
 
 bool HoldsProfileIDs(const std::string& text) {
-    for (const std::string_view piece : {std::string_view("</ProfileIDs>"), std::string_view("<ProfileIDs"),
-                                         kClose, kOpen})
+    for (const std::string_view piece :
+         {std::string_view("</ProfileIDs>"), std::string_view("<ProfileIDs"), kClose, kOpen})
         if (text.find(piece) == std::string::npos) return false;
     return true;
 }

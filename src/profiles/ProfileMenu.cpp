@@ -31,7 +31,8 @@ void ProfileMenu::ConfigureProfileMenu() {
         if (names.empty()) return;
         items.clear();
         const std::string current = state_.current ? state_.current->Name() : std::string();
-        for (const std::string& name : names) items.push_back({name, state_.current && name == current, true});
+        for (const std::string& name : names)
+            items.push_back({name, state_.current && name == current, true});
     });
 }
 
@@ -58,8 +59,9 @@ void ProfileMenu::mnuSaveProfileAs_Click() {
         exchange_.SaveProfileAs(name);
         return;
     }
-    const MessageBox question{captions_.Caption("ProfileOverwrite"), captions_.Caption("Profile") + " : " + name,
-                              MessageBox::Buttons::YesNo, MessageBox::Icon::Question};
+    const MessageBox question{captions_.Caption("ProfileOverwrite"),
+                              captions_.Caption("Profile") + " : " + name, MessageBox::Buttons::YesNo,
+                              MessageBox::Icon::Question};
     if (outside_.ShowMessageBox(question) != Answer::Yes) return;
     if (state_.current && name == state_.current->Name())
         mnuSaveProfile_Click();

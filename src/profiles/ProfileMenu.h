@@ -14,8 +14,14 @@ class ProfileMenu {
 public:
     ProfileMenu(ProfileState& state, ViewerForm& form, ProfileDocument& document, ProfileExchange& exchange,
                 const CaptionCatalogue& captions, ModalOwner& owner, Outside& outside, const Trap& trap)
-        : state_(state), form_(form), document_(document), exchange_(exchange), captions_(captions),
-          owner_(owner), outside_(outside), trap_(trap) {}
+        : state_(state),
+          form_(form),
+          document_(document),
+          exchange_(exchange),
+          captions_(captions),
+          owner_(owner),
+          outside_(outside),
+          trap_(trap) {}
 
     /// Builds the items of the profiles; the current one gets the check mark. Without any names the
     /// first item stays as it was.

@@ -9,7 +9,9 @@ namespace {
 
 using TablePointer = std::shared_ptr<const QZWebTable>;
 
-TablePointer OnlyErrorTable(TablePointer table) { return table && table->Name() == "Error" ? table : nullptr; }
+TablePointer OnlyErrorTable(TablePointer table) {
+    return table && table->Name() == "Error" ? table : nullptr;
+}
 
 TablePointer ErrorTableOf(const QZWebData& data) { return data.Table("Error"); }
 
@@ -44,7 +46,9 @@ struct ErrorTableFinder {
     TablePointer operator()(const std::shared_ptr<QZWebTable>& table) const { return OnlyErrorTable(table); }
     TablePointer operator()(const std::shared_ptr<QZWebData>& data) const { return ErrorTableOf(*data); }
     TablePointer operator()(const std::shared_ptr<QZWebProfiles>& set) const { return set->ErrorTable(); }
-    TablePointer operator()(const std::shared_ptr<QZWebProfile>& profile) const { return profile->ErrorTable(); }
+    TablePointer operator()(const std::shared_ptr<QZWebProfile>& profile) const {
+        return profile->ErrorTable();
+    }
 };
 
 }  // namespace

@@ -48,7 +48,9 @@ void frmProfiles::FillList() {
     std::vector<std::string> items;
     for (const auto& entry : names_) items.push_back(entry.key);
     const auto current = currentName_.empty() ? items.end() : std::ranges::find(items, currentName_);
-    const int index = current != items.end() ? static_cast<int>(current - items.begin()) : items.empty() ? -1 : 0;
+    const int index = current != items.end() ? static_cast<int>(current - items.begin())
+                      : items.empty()        ? -1
+                                             : 0;
     lstProfiles.SetItems(std::move(items));
     lstProfiles.SetListIndex(index);
 }
@@ -100,13 +102,15 @@ void frmProfiles::cmdRemove_Click() {
     const std::string* name = SelectedName();
     if (!name) return;
     std::string upper = *name;
-    std::ranges::transform(upper, upper.begin(), [](char c) { return c >= 'a' && c <= 'z' ? char(c - 32) : c; });
+    std::ranges::transform(upper, upper.begin(),
+                           [](char c) { return c >= 'a' && c <= 'z' ? char(c - 32) : c; });
     if (upper == "DEFAULT" || *name == currentName_) {
         outside_.ShowMessageBox({captions_.Caption("CannotRemoveProfile"), captions_.Caption("Profiles")});
         return;
     }
-    const MessageBox question{captions_.Caption("CheckRemoveProfile"), captions_.Caption("Profile") + " : " + *name,
-                              MessageBox::Buttons::YesNo, MessageBox::Icon::Question};
+    const MessageBox question{captions_.Caption("CheckRemoveProfile"),
+                              captions_.Caption("Profile") + " : " + *name, MessageBox::Buttons::YesNo,
+                              MessageBox::Icon::Question};
     if (outside_.ShowMessageBox(question) != Answer::Yes) return;
     events_.RemoveProfile(*name);
     Unload();

@@ -7,7 +7,9 @@ namespace dlv {
 void CaptionCatalogue::Attach(std::shared_ptr<CaptionSource> source, const std::string& userLanguage) {
     source_ = std::move(source);
     const auto own = source_ ? source_->LanguageID() : std::nullopt;
-    language_ = own && HasBuiltInLanguage(*own) ? *own : HasBuiltInLanguage(userLanguage) ? userLanguage : "EN";
+    language_ = own && HasBuiltInLanguage(*own)    ? *own
+                : HasBuiltInLanguage(userLanguage) ? userLanguage
+                                                   : "EN";
 }
 
 std::string CaptionCatalogue::Caption(std::string_view key) const {

@@ -36,7 +36,8 @@ private:
     struct Unit;
 
     std::vector<Unit> Units() const;
-    std::vector<OutlineTree::Place> BuildTree(const std::vector<Unit>& units, const BusinessUnits& model) const;
+    std::vector<OutlineTree::Place> BuildTree(const std::vector<Unit>& units,
+                                              const BusinessUnits& model) const;
     void ShowTree(OutlineGrid& grid, const std::vector<OutlineTree::Place>& places,
                   const std::vector<Unit>& units) const;
     void FillFigures(const BusinessUnits& model, const Dictionary& chosen);

@@ -18,19 +18,16 @@ void SetColumnWidths(OutlineGrid& grid, int first, double width) {
 
 void LayoutPanel(ViewerForm& form, double available) {
     const double width = std::max(available, kLeastWidth);
-    IgnoreAndGoOn([&] { form.lblStatus.SetLeft((width - form.lblStatus.Width()) / 2); },
-                  [&] { form.optBU[0].SetLeft(width * 0.45); },
-                  [&] { form.optBU[1].SetLeft(form.optBU[0].Left()); },
-                  [&] { form.lblProdPerTech.SetLeft(width * 0.625); },
-                  [&] { form.cmdView.SetLeft(width * 0.67); },
-                  [&] { form.lblWOsPerHrToday.SetLeft(width * 0.76); },
-                  [&] { form.lblToday.SetLeft(width * 0.8); },
-                  [&] { form.lblWOsPerHrReq.SetLeft(width * 0.87); },
-                  [&] { form.lblReqProd.SetLeft(width * 0.9); },
-                  [&] { form.lblWOsPerHr.SetLeft(form.lblProdPerTech.Left()); },
-                  [&] { form.lblPtsPerHr.SetLeft(form.lblProdPerTech.Left()); },
-                  [&] { form.lblPtsPerHrToday.SetLeft(form.lblWOsPerHrToday.Left()); },
-                  [&] { form.lblPtsPerHrReq.SetLeft(form.lblWOsPerHrReq.Left()); });
+    IgnoreAndGoOn(
+        [&] { form.lblStatus.SetLeft((width - form.lblStatus.Width()) / 2); },
+        [&] { form.optBU[0].SetLeft(width * 0.45); }, [&] { form.optBU[1].SetLeft(form.optBU[0].Left()); },
+        [&] { form.lblProdPerTech.SetLeft(width * 0.625); }, [&] { form.cmdView.SetLeft(width * 0.67); },
+        [&] { form.lblWOsPerHrToday.SetLeft(width * 0.76); }, [&] { form.lblToday.SetLeft(width * 0.8); },
+        [&] { form.lblWOsPerHrReq.SetLeft(width * 0.87); }, [&] { form.lblReqProd.SetLeft(width * 0.9); },
+        [&] { form.lblWOsPerHr.SetLeft(form.lblProdPerTech.Left()); },
+        [&] { form.lblPtsPerHr.SetLeft(form.lblProdPerTech.Left()); },
+        [&] { form.lblPtsPerHrToday.SetLeft(form.lblWOsPerHrToday.Left()); },
+        [&] { form.lblPtsPerHrReq.SetLeft(form.lblWOsPerHrReq.Left()); });
     OutlineGrid& summary = form.vsFlex[0];
     IgnoreAndGoOn([&] { summary.SetColumnWidth(0, width / 57); },
                   [&] { summary.SetColumnWidth(2, width / 7.71); },
@@ -48,8 +45,7 @@ void ShowSelectedTab(ViewerForm& form) {
             IgnoreAndGoOn([&] { frame.SetVisible(false); });
             continue;
         }
-        IgnoreAndGoOn([&] { frame.SetVisible(true); },
-                      [&] { frame.SetTop(form.Tabs.ClientArea().top); },
+        IgnoreAndGoOn([&] { frame.SetVisible(true); }, [&] { frame.SetTop(form.Tabs.ClientArea().top); },
                       [&] { frame.SetLeft(form.Tabs.ClientArea().left); });
     }
 }

@@ -10,8 +10,8 @@ void AddUp(SummaryRow& row, const Counters& counters) {
 
 }  // namespace
 
-std::uint32_t SummaryRows::AddRow(const std::string& typeText, std::uint32_t type,
-                                  const BusinessUnits& model, std::uint32_t jobClass) {
+std::uint32_t SummaryRows::AddRow(const std::string& typeText, std::uint32_t type, const BusinessUnits& model,
+                                  std::uint32_t jobClass) {
     // Two pairs of codes make one key where a code holds a bar itself.
     std::string key = typeText + '|' + model.JobClassText(jobClass);
     const auto next = static_cast<std::uint32_t>(rows_.size());

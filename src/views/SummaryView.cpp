@@ -25,8 +25,8 @@ constexpr Colour kWorkOrderHeader = 0xFAFDC6;
 constexpr Colour kPointsHeader = 0xEAE6FC;
 constexpr Colour kGroupColour = 0xE0E0E0;
 
-constexpr std::array<const char*, kStatusCount> kStatusKeys = {
-    "Open", "Warning", "Jeopardy", "Late", "Completed", "Canceled", "NotDone"};
+constexpr std::array<const char*, kStatusCount> kStatusKeys = {"Open",      "Warning",  "Jeopardy", "Late",
+                                                               "Completed", "Canceled", "NotDone"};
 
 }  // namespace
 
@@ -113,8 +113,8 @@ void SummaryView::ResetSummary() {
     for (FigureLabel* label : {&form_.lblTechCount, &form_.lblHrsWorked, &form_.lblHrsRemaining,
                                &form_.lblWODone, &form_.lblWOOpen, &form_.lblPtsDone, &form_.lblPtsOpen})
         label->figure.SetCaption("0");
-    for (Label* label : {&form_.lblWOsPerHrToday, &form_.lblWOsPerHrReq, &form_.lblPtsPerHrToday,
-                         &form_.lblPtsPerHrReq})
+    for (Label* label :
+         {&form_.lblWOsPerHrToday, &form_.lblWOsPerHrReq, &form_.lblPtsPerHrToday, &form_.lblPtsPerHrReq})
         label->SetCaption("0");
     Grid().SetRows(2);
 }

@@ -21,7 +21,8 @@ void LoadBUListView(ViewerForm& form, const cDLVController& controller, const Di
     for (int row = kFirstUnitRow + 1; row < hierarchy.Rows(); ++row) {
         const std::string& id = hierarchy.RowData(row);
         if (sessionUnits.Exists(id))
-            items.push_back({ItemKey(id), std::string(controller.BUDescriptions().Item(id)), selected.Exists(id)});
+            items.push_back(
+                {ItemKey(id), std::string(controller.BUDescriptions().Item(id)), selected.Exists(id)});
     }
     form.lvBU.SetItems(std::move(items));
 }

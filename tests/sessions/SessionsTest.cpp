@@ -3,39 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <set>
 
-#include "player/SessionPlayer.h"
+#include "tests/sessions/SessionFiles.h"
 
 namespace dlv::player {
 
 namespace {
 
-// Unlike the player's own, these take no notice of the order of members.
-using Plain = nlohmann::json;
-
 constexpr std::size_t kMostDifferences = 12;
-
-std::filesystem::path PathOf(const std::string& name, const char* kind) {
-    return std::filesystem::path(DLV_TESTS_DIR) / "sessions" / (name + kind);
-}
-
-std::vector<std::string> NamesOf(const std::string& kind) {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(PathOf("", ""))) {
-        const std::string file = entry.path().filename();
-        if (file.ends_with(kind)) names.push_back(file.substr(0, file.size() - kind.size()));
-    }
-    std::ranges::sort(names);
-    return names;
-}
-
-std::string Content(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// Where two transcripts differ, one line for each value, each with its place.
 void AddDifferences(const Plain& approved, const Plain& played, const std::string& place,
@@ -66,10 +42,6 @@ std::string Listed(const std::vector<std::string>& found) {
     return text;
 }
 
-Plain Play(const Json& steps, const std::optional<std::string>& language) {
-    return Plain::parse(PlaySession(steps, language));
-}
-
 /// The events of a whole transcript, without the texts that depend on a language.
 Plain EventsOf(const Plain& transcript) {
     Plain events = Plain::array();
@@ -81,18 +53,12 @@ Plain EventsOf(const Plain& transcript) {
 
 class Sessions : public testing::TestWithParam<std::string> {};
 
-std::string AsSentence(const testing::TestParamInfo<std::string>& info) {
-    std::string name = info.param;
-    std::ranges::replace(name, '-', '_');
-    return name;
-}
-
 TEST_P(Sessions, PlayAsApproved) {
-    const Json steps = ReadSteps(Content(PathOf(GetParam(), ".session.json")));
-    const std::string document = Content(PathOf(GetParam(), ".transcript.json"));
+    const Json steps = StepsOf(GetParam());
+    const std::string document = Content(GetParam(), ".transcript.json");
     ASSERT_NE(document, "") << "no transcript yet: ./dev approve " << GetParam();
     const Plain approved = Plain::parse(document);
-    const Plain played = Play(steps, std::nullopt);
+    const Plain played = Play(steps);
     ASSERT_EQ(approved.size(), played.size());
     for (std::size_t i = 0; i < played.size(); ++i) {
         std::vector<std::string> found;
@@ -102,8 +68,8 @@ TEST_P(Sessions, PlayAsApproved) {
 }
 
 TEST_P(Sessions, AskTheHostForTheSameInEveryLanguage) {
-    const Json steps = ReadSteps(Content(PathOf(GetParam(), ".session.json")));
-    EXPECT_EQ(EventsOf(Play(steps, "PO")), EventsOf(Play(steps, std::nullopt)));
+    const Json steps = StepsOf(GetParam());
+    EXPECT_EQ(EventsOf(Play(steps, "PO")), EventsOf(Play(steps)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Recorded, Sessions, testing::ValuesIn(NamesOf(".session.json")), AsSentence);

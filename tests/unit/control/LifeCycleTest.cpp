@@ -1,0 +1,145 @@
+// From before the start to after the stop: which calls act, and what of the form follows.
+#include <gtest/gtest.h>
+
+#include "tests/support/ErrorOf.h"
+#include "tests/unit/control/TestViewer.h"
+
+namespace dlv {
+
+namespace {
+
+class KeptCaptions : public CaptionSource {
+public:
+    std::optional<std::string> Caption(std::string_view) override { return std::nullopt; }
+    std::optional<std::string> LanguageID() override { return std::nullopt; }
+};
+
+/// Which buttons of the tool bar are visible, as digits.
+std::string Buttons(DLViewer& viewer) {
+    std::string text;
+    const auto& items = viewer.Controls().tbMain.Items();
+    for (std::size_t i = 0; i < items.size(); ++i)
+        if (items[i].visible) text += std::to_string(i + 1);
+    return text;
+}
+
+std::vector<std::pair<const char*, std::function<void()>>> CallsOf(DLViewer& viewer) {
+    return {{"ReceiveMessage",
+             [&] {
+                 viewer.ReceiveMessage({"QZWebMessage", test::GoodTables().Message()}, 0, "");
+             }},
+            {"ReceiveProfileResponse", [&] { viewer.ReceiveProfileResponse("", "GetProfiles"); }},
+            {"SetSessionBUIDList", [&] { viewer.SetSessionBUIDList(std::vector<std::string>{"A"}); }},
+            {"Initialize", [&] { viewer.Initialize(nullptr); }},
+            {"ResizeControls", [&] { viewer.ResizeControls(); }},
+            {"SetRegionalFormatInfo", [&] { viewer.SetRegionalFormatInfo("PO"); }}};
+}
+
+TEST(LifeCycle, GivesTheToolBarAndViewToThoseWhoHaveData) {
+    test::TestViewer test;
+    EXPECT_FALSE(test.viewer.Controls().cmdView.Enabled());
+    test.viewer.Initialize(nullptr);
+    EXPECT_EQ(Buttons(test.viewer), "356");
+    EXPECT_FALSE(test.viewer.Controls().cmdView.Enabled());
+    EXPECT_EQ(test.viewer.Controls().lblStatus.Caption(), "Waiting for data ...");
+    EXPECT_TRUE(test.viewer.Controls().lblStatus.Visible());
+    test.viewer.SetSessionBUIDList(std::vector<std::string>{"A", "B"});
+    test.Receive(test::GoodTables());
+    EXPECT_EQ(Buttons(test.viewer), "123456");
+    EXPECT_TRUE(test.viewer.Controls().cmdView.Enabled());
+    test.viewer.StopControl();
+    EXPECT_EQ(Buttons(test.viewer), "35");
+    EXPECT_FALSE(test.viewer.Controls().cmdView.Enabled());
+}
+
+TEST(LifeCycle, RefusesCallsOutOfTheirOrder) {
+    test::TestViewer test;
+    auto calls = CallsOf(test.viewer);
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_EQ(test::ErrorOf(calls[i].second), kErrorCallOrder) << calls[i].first;
+    EXPECT_EQ(test.host.ways, std::vector<std::string>{});
+    test.viewer.StopControl();
+    EXPECT_FALSE(test.viewer.Stopped()) << "a stop before the start does nothing";
+    test.Start({"A"});
+    EXPECT_EQ(test::ErrorOf(calls[3].second), kErrorCallOrder) << "a second start";
+    test.viewer.StopControl();
+    for (const auto& [name, call] : calls) EXPECT_EQ(test::ErrorOf(call), kErrorCallOrder) << name;
+    EXPECT_EQ(test::ErrorOf([&] { test.viewer.StopControl(); }), 0);
+    test.viewer.cmdView_Click();
+    test.viewer.lblTechCount_Click();
+    test.viewer.UserControl_Resize();
+    EXPECT_EQ(test.host.Shown(), std::vector<std::string>{});
+}
+
+TEST(LifeCycle, LetsEverythingGoWhenTheOutermostCallEnds) {
+    for (const bool inside : {false, true}) {
+        test::TestViewer test;
+        auto captions = std::make_shared<KeptCaptions>();
+        const std::weak_ptr<CaptionSource> alive = captions;
+        test.viewer.Initialize(std::move(captions));
+        if (inside) {
+            test.host.inside = [&](const std::string& way) {
+                if (way != "event 4") return;
+                test.viewer.StopControl();
+                EXPECT_FALSE(alive.expired()) << "a call is still under way";
+            };
+            test.viewer.SetSessionBUIDList(std::vector<std::string>{"A"});
+        } else {
+            test.viewer.StopControl();
+        }
+        EXPECT_TRUE(alive.expired());
+        EXPECT_EQ(test.viewer.Depth(), 0);
+        EXPECT_EQ(test.viewer.Inner().mDLV.BUs()->Count(), 0u);
+    }
+}
+
+TEST(Layout, MovesFramesBeforeTheStart) {
+    test::TestViewer test;
+    for (const double width : {0.0, 10.0, 856.0, 3000.0}) {
+        test.host.width = test.host.height = Pixels(width);
+        test.viewer.ResizeControls();
+        test.viewer.UserControl_Resize();
+        EXPECT_EQ(test.viewer.Controls().fraDLV.Width(), Pixels(width));
+        EXPECT_EQ(test.viewer.Controls().vsFlex[0].Columns(), 0) << "the grids wait for captions";
+    }
+    test.viewer.Initialize(nullptr);
+    EXPECT_EQ(test.viewer.Controls().vsFlex[0].Columns(), 17);
+}
+
+TEST(Layout, IsTheFirstOneOnce) {
+    test::TestViewer test;
+    test.Start({"A", "B"});
+    test.Receive(test::GoodTables());
+    ViewerForm& form = test.viewer.Controls();
+    form.optBU.Select(1);
+    form.optDisplay.Select(1);
+    test.viewer.optDisplay_Click(1);
+    test.viewer.ReceiveMessage({"QZWebMessage", std::make_shared<QZWebMessage>("DLVServerStopped")}, 0, "");
+    const std::string total = test.Row(0, 2);
+    test.host.width = Pixels(700);
+    test.viewer.UserControl_Resize();
+    EXPECT_EQ(form.optBU.Selected(), 1);
+    EXPECT_EQ(form.optDisplay.Selected(), 1);
+    EXPECT_TRUE(form.vsFlex[2].Visible());
+    EXPECT_TRUE(form.lblStatus.Visible());
+    EXPECT_NE(form.lblStatus.Caption(), "");
+    EXPECT_EQ(test.Row(0, 2), total);
+    EXPECT_EQ(form.fraBU[0].Width(), form.Tabs.ClientArea().width);
+    EXPECT_EQ(form.cmdView.Left(), Pixels(856) * 0.67) << "the panel keeps its least width";
+}
+
+TEST(Enter, DoesNothingOnACellThatARefillTookAway) {
+    test::TestViewer test;
+    test.Start({"A", "B"});
+    test.Receive(test::GoodTables());
+    test.ViewAll();
+    test.Grid(1).SetCurrentCell(4, 4);
+    test.Receive({.units = {{"A", "North", "#"}}, .general = {{"A", "1"}}, .details = {}});
+    test.host.ways.clear();
+    test.viewer.vsFlex_KeyDown(1, 13, false);
+    EXPECT_EQ(test.host.Shown(), std::vector<std::string>{});
+}
+
+}  // namespace
+
+}  // namespace dlv

@@ -33,8 +33,8 @@ DLViewer::State::State(Platform& usedPlatform, HostEvents& events)
 
 cDLVController::Events DLViewer::State::ControllerEvents() {
     return {[this](const std::string& key, bool error) { ShowStatus(key, error); }, [this] { HideStatus(); },
-            [this](std::shared_ptr<const BusinessUnits> model) { FillSingleBUGrid(model); },
-            [this](std::shared_ptr<const BusinessUnits> model) { FillBUHierarchyGrid(model); },
+            [this](const std::shared_ptr<const BusinessUnits>& model) { FillSingleBUGrid(model); },
+            [this](const std::shared_ptr<const BusinessUnits>& model) { FillBUHierarchyGrid(model); },
             [this] { RecoverFromFailedFill(); }};
 }
 

@@ -9,7 +9,7 @@ namespace {
 
 using TablePointer = std::shared_ptr<const QZWebTable>;
 
-TablePointer OnlyErrorTable(TablePointer table) {
+TablePointer OnlyErrorTable(const TablePointer& table) {
     return table && table->Name() == "Error" ? table : nullptr;
 }
 

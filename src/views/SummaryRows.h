@@ -30,7 +30,7 @@ public:
 
 private:
     /// Pairs of codes below this are found in a flat table; codes count up from 0.
-    static constexpr std::uint32_t kNearCodes = 64;
+    static constexpr std::size_t kNearCodes = 64;
 
     SummaryRow& RowOf(const std::string& typeText, std::uint32_t type, const BusinessUnits& model,
                       std::uint32_t jobClass);

@@ -24,25 +24,35 @@ void Canvas::Text(RECT area, const std::wstring& text, Weight weight, COLORREF c
     DrawTextW(dc_, text.c_str(), static_cast<int>(text.size()), &area, format | DT_NOPREFIX);
 }
 
+SIZE Canvas::Needed(const RECT& area, const std::wstring& text, HFONT font, UINT format) const {
+    const SelectScope selected(dc_, font);
+    RECT needed = area;
+    DrawTextW(dc_, text.c_str(), static_cast<int>(text.size()), &needed, format | DT_NOPREFIX | DT_CALCRECT);
+    return {needed.right - needed.left, needed.bottom - needed.top};
+}
+
+int Canvas::StepWithin(const RECT& area, const std::wstring& text, Weight weight, UINT format) const {
+    const SIZE room{area.right - area.left, area.bottom - area.top};
+    for (int step = 0; step < Fonts::kSmallest; ++step) {
+        const SIZE needed = Needed(area, text, look_.fonts.Smaller(weight, step), format);
+        if (needed.cx <= room.cx && needed.cy <= room.cy) return step;
+    }
+    return Fonts::kSmallest;
+}
+
 void Canvas::TextWithin(const RECT& area, const std::wstring& text, Weight weight, COLORREF colour,
-                        UINT format, Upright upright) const {
+                        UINT format, Upright upright, int leastStep) const {
     if (text.empty()) return;
-    const int length = static_cast<int>(text.size());
+    const int step = std::max(leastStep, StepWithin(area, text, weight, format));
+    const HFONT font = look_.fonts.Smaller(weight, step);
+    const LONG height = Needed(area, text, font, format).cy;
+    RECT place = area;
+    if (upright == Upright::Middle) place.top += std::max(0L, (area.bottom - area.top - height) / 2);
+    const SelectScope selected(dc_, font);
     SetTextColor(dc_, colour);
     SetBkMode(dc_, TRANSPARENT);
-    for (int step = 0; step <= Fonts::kSmallest; ++step) {
-        const SelectScope font(dc_, look_.fonts.Smaller(weight, step));
-        RECT needed = area;
-        DrawTextW(dc_, text.c_str(), length, &needed, format | DT_NOPREFIX | DT_CALCRECT);
-        const LONG height = needed.bottom - needed.top;
-        const bool fits =
-            needed.right - needed.left <= area.right - area.left && height <= area.bottom - area.top;
-        if (!fits && step < Fonts::kSmallest) continue;
-        RECT place = area;
-        if (upright == Upright::Middle) place.top += std::max(0L, (area.bottom - area.top - height) / 2);
-        DrawTextW(dc_, text.c_str(), length, &place, format | DT_NOPREFIX | DT_END_ELLIPSIS);
-        return;
-    }
+    DrawTextW(dc_, text.c_str(), static_cast<int>(text.size()), &place,
+              format | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
 int Canvas::TextWidth(const std::wstring& text, Weight weight) const {

@@ -39,12 +39,16 @@ public:
     void Text(RECT area, const std::wstring& text, Weight weight, COLORREF colour, UINT format) const;
     enum class Upright { Top, Middle };
     /// Text that is made smaller where it would be cut, and only cut where that does not help. `format` says
-    /// whether it may take several lines.
+    /// whether it may take several lines; it is smaller by `leastStep` steps at any rate.
     void TextWithin(const RECT& area, const std::wstring& text, Weight weight, COLORREF colour, UINT format,
-                    Upright upright) const;
+                    Upright upright, int leastStep = 0) const;
+    /// By how many steps TextWithin makes a text smaller.
+    int StepWithin(const RECT& area, const std::wstring& text, Weight weight, UINT format) const;
     int TextWidth(const std::wstring& text, Weight weight) const;
 
 private:
+    SIZE Needed(const RECT& area, const std::wstring& text, HFONT font, UINT format) const;
+
     HDC dc_;
     const Look& look_;
 };

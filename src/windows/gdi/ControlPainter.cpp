@@ -162,28 +162,16 @@ SIZE PixelSize(const ViewerForm& form, Scale scale) {
     return {std::max(1, scale.ToPixels(form.Width())), std::max(1, scale.ToPixels(form.Height()))};
 }
 
-/// Makes one logical unit of `dc` one pixel of the picture, with the picture's corner at that of `place`. A
-/// context that is mapped already is mapped anew through its window alone: in a metafile nothing else counts.
+/// Makes one logical unit of `dc` one pixel of the picture, with the picture's corner at that of `place`.
 void MapTo(HDC dc, const RECT& place, SIZE size) {
-    const int width = place.right - place.left;
-    const int height = place.bottom - place.top;
-    SIZE extent{1, 1};
-    POINT origin{};
-    if (GetMapMode(dc) != MM_ANISOTROPIC) {
-        POINT corners[2] = {{place.left, place.top}, {place.right, place.bottom}};
-        LPtoDP(dc, corners, 2);
-        SetMapMode(dc, MM_ANISOTROPIC);
-        SetWindowOrgEx(dc, 0, 0, nullptr);
-        SetWindowExtEx(dc, size.cx, size.cy, nullptr);
-        SetViewportOrgEx(dc, corners[0].x, corners[0].y, nullptr);
-        SetViewportExtEx(dc, corners[1].x - corners[0].x, corners[1].y - corners[0].y, nullptr);
-        return;
-    }
-    GetWindowExtEx(dc, &extent);
-    GetWindowOrgEx(dc, &origin);
-    SetWindowOrgEx(dc, MulDiv(origin.x - place.left, size.cx, width),
-                   MulDiv(origin.y - place.top, size.cy, height), nullptr);
-    SetWindowExtEx(dc, MulDiv(extent.cx, size.cx, width), MulDiv(extent.cy, size.cy, height), nullptr);
+    POINT corners[2] = {{place.left, place.top}, {place.right, place.bottom}};
+    LPtoDP(dc, corners, 2);
+    if (GetGraphicsMode(dc) == GM_ADVANCED) ModifyWorldTransform(dc, nullptr, MWT_IDENTITY);
+    SetMapMode(dc, MM_ANISOTROPIC);
+    SetWindowOrgEx(dc, 0, 0, nullptr);
+    SetWindowExtEx(dc, size.cx, size.cy, nullptr);
+    SetViewportOrgEx(dc, corners[0].x, corners[0].y, nullptr);
+    SetViewportExtEx(dc, corners[1].x - corners[0].x, corners[1].y - corners[0].y, nullptr);
 }
 
 /// An old-style metafile can measure no text and clip nothing: it gets a bitmap.

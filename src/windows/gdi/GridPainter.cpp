@@ -10,6 +10,7 @@ namespace dlv {
 namespace {
 
 constexpr int kCellPadding = 4;
+constexpr UINT kCaptionFormat = DT_CENTER | DT_WORDBREAK;
 
 RECT Inside(RECT area) {
     --area.right;
@@ -41,44 +42,56 @@ void GridPainter::Paint(const RECT& clip) const {
     PaintBody(seen);
 }
 
+std::vector<GridPainter::HeaderCell> GridPainter::HeaderCells(int row) const {
+    std::vector<HeaderCell> cells;
+    for (int column = 0; column < grid_.Columns();) {
+        int last = column;
+        const std::string text = grid_.CellText(row, column);
+        while (row == 0 && last + 1 < grid_.Columns() && grid_.CellText(row, last + 1) == text &&
+               grid_.HeaderColour(row, last + 1) == grid_.HeaderColour(row, column))
+            ++last;
+        RECT area = layout_.CellArea(row, column);
+        area.right = layout_.ColumnRight(last);
+        RECT textArea = Inside(area);
+        // A caption over several columns stays in the middle of what is in sight of them.
+        if (last > column) {
+            textArea.left = std::max(textArea.left, 0L);
+            textArea.right = std::min(textArea.right, layout_.Inner().cx);
+        }
+        InflateRect(&textArea, -canvas_.Scaled(1), 0);
+        const bool bold = grid_.RowBold(row) || grid_.ColumnBold(column);
+        cells.push_back({column, area, textArea, Wide(text), bold ? Weight::Bold : Weight::Regular});
+        column = last + 1;
+    }
+    return cells;
+}
+
+// Where one caption needs a smaller font, its neighbours take the first smaller one too, so that a row looks
+// even.
 void GridPainter::PaintHeader(const RECT& clip) const {
     if (clip.top >= layout_.HeaderHeight()) return;
     for (int row = 0; row < std::min(grid_.FixedRows(), grid_.Rows()); ++row) {
-        for (int column = 0; column < grid_.Columns();) {
-            int last = column;
-            const std::string text = grid_.CellText(row, column);
-            while (row == 0 && last + 1 < grid_.Columns() && grid_.CellText(row, last + 1) == text &&
-                   grid_.HeaderColour(row, last + 1) == grid_.HeaderColour(row, column))
-                ++last;
-            const RECT area{layout_.ColumnLeft(column), 0, layout_.ColumnRight(last), layout_.HeaderHeight()};
-            if (Meets(area, clip)) PaintHeaderCell(row, column, last);
-            column = last + 1;
-        }
+        const std::vector<HeaderCell> cells = HeaderCells(row);
+        const bool crowded = std::ranges::any_of(cells, [&](const HeaderCell& cell) {
+            return canvas_.StepWithin(cell.textArea, cell.text, cell.weight, kCaptionFormat) > 0;
+        });
+        for (const HeaderCell& cell : cells)
+            if (Meets(cell.area, clip)) PaintHeaderCell(row, cell, crowded ? 1 : 0);
     }
 }
 
-void GridPainter::PaintHeaderCell(int row, int column, int lastColumn) const {
+void GridPainter::PaintHeaderCell(int row, const HeaderCell& cell, int leastStep) const {
     const Palette& colours = canvas_.Colours();
-    RECT area = layout_.CellArea(row, column);
-    area.right = layout_.ColumnRight(lastColumn);
-    const std::optional<Colour> colour = grid_.HeaderColour(row, column);
+    const std::optional<Colour> colour = grid_.HeaderColour(row, cell.column);
     const bool plain = !colour || colours.highContrast;
-    canvas_.Fill(area, colours.headerLine);
-    canvas_.Fill(Inside(area), plain ? colours.face : colours.Ground(colour));
-
-    const std::wstring text = Wide(grid_.CellText(row, column));
-    const Weight weight = grid_.RowBold(row) || grid_.ColumnBold(column) ? Weight::Bold : Weight::Regular;
-    // A caption over several columns stays in the middle of what is in sight of them.
-    RECT place = Inside(area);
+    const RECT inside = Inside(cell.area);
+    canvas_.Fill(cell.area, colours.headerLine);
+    canvas_.Fill(inside, plain ? colours.face : colours.Ground(colour));
     const SaveScope save(canvas_.Dc());
-    IntersectClipRect(canvas_.Dc(), place.left, place.top, place.right, place.bottom);
-    if (lastColumn > column) {
-        place.left = std::max(place.left, 0L);
-        place.right = std::min(place.right, layout_.Inner().cx);
-    }
-    InflateRect(&place, -canvas_.Scaled(1), 0);
-    canvas_.TextWithin(place, text, weight, plain ? colours.faceText : colours.TextOn(colour),
-                       DT_CENTER | DT_WORDBREAK, Canvas::Upright::Middle);
+    IntersectClipRect(canvas_.Dc(), inside.left, inside.top, inside.right, inside.bottom);
+    canvas_.TextWithin(cell.textArea, cell.text, cell.weight,
+                       plain ? colours.faceText : colours.TextOn(colour), kCaptionFormat,
+                       Canvas::Upright::Middle, leastStep);
 }
 
 void GridPainter::PaintBody(const RECT& clip) const {

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
+#include <vector>
 
 #include "windows/gdi/Canvas.h"
 #include "windows/gdi/GridLayout.h"
@@ -20,8 +22,18 @@ public:
     void Paint(const RECT& clip) const;
 
 private:
+    /// One caption, which may stand over several columns.
+    struct HeaderCell {
+        int column;
+        RECT area;
+        RECT textArea;
+        std::wstring text;
+        Weight weight;
+    };
+
     void PaintHeader(const RECT& clip) const;
-    void PaintHeaderCell(int row, int column, int lastColumn) const;
+    std::vector<HeaderCell> HeaderCells(int row) const;
+    void PaintHeaderCell(int row, const HeaderCell& cell, int leastStep) const;
     void PaintBody(const RECT& clip) const;
     void PaintRow(int index, const RECT& clip) const;
     void PaintCell(int index, int row, int column) const;

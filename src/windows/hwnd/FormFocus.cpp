@@ -10,13 +10,12 @@ bool FormWindows::IsInside(HWND window) const {
     return window != nullptr && (window == parent_ || IsChild(parent_, window));
 }
 
+// The state is asked, not the windows: those may be about to follow it.
 bool FormWindows::CanTakeFocus(const Mirror& mirror) const {
-    return mirror.Handle() != nullptr && mirror.TakesFocus() && IsWindowVisible(mirror.Handle()) &&
-           [this, window = mirror.Handle()]() mutable {
-               for (; window != nullptr && window != parent_; window = GetParent(window))
-                   if (!IsWindowEnabled(window)) return false;
-               return true;
-           }();
+    if (mirror.Handle() == nullptr || !mirror.TakesFocus()) return false;
+    for (const Control* control = &mirror.Shown(); control != nullptr; control = control->Container())
+        if (!control->Visible() || !control->Enabled()) return false;
+    return true;
 }
 
 Mirror* FormWindows::Focused() const {

@@ -1,5 +1,7 @@
 #include "windows/hwnd/ToolbarMirror.h"
 
+#include <utility>
+
 #include "windows/com/Strings.h"
 #include "windows/gdi/FacePainter.h"
 
@@ -35,9 +37,27 @@ void ToolbarMirror::LookChanged() {
     shown_.clear();
 }
 
+// A separator is to be seen only between two buttons that are.
+std::vector<Toolbar::Item> ToolbarMirror::ItemsInSight() const {
+    std::vector<Toolbar::Item> items = bar_.Items();
+    Toolbar::Item* waiting = nullptr;
+    bool buttonBefore = false;
+    for (Toolbar::Item& item : items) {
+        if (item.style != Toolbar::Style::Separator) {
+            if (item.visible && waiting != nullptr) waiting->visible = true;
+            if (item.visible) waiting = nullptr;
+            buttonBefore = buttonBefore || item.visible;
+            continue;
+        }
+        if (item.visible && buttonBefore && waiting == nullptr) waiting = &item;
+        item.visible = false;
+    }
+    return items;
+}
+
 void ToolbarMirror::AddButtons() {
     int id = kFirstId;
-    for (const Toolbar::Item& item : bar_.Items()) {
+    for (const Toolbar::Item& item : shown_) {
         TBBUTTON button{};
         button.idCommand = id++;
         button.fsState = static_cast<BYTE>(TBSTATE_ENABLED | (item.visible ? 0 : TBSTATE_HIDDEN));
@@ -51,14 +71,14 @@ void ToolbarMirror::AddButtons() {
 }
 
 void ToolbarMirror::Apply() {
-    if (shown_.size() != bar_.Items().size()) {
+    const std::vector<Toolbar::Item> before = std::exchange(shown_, ItemsInSight());
+    if (before.size() != shown_.size()) {
         AddButtons();
-    } else {
-        for (std::size_t i = 0; i < shown_.size(); ++i)
-            if (shown_[i].visible != bar_.Items()[i].visible)
-                SendMessageW(Handle(), TB_HIDEBUTTON, kFirstId + i, MAKELPARAM(!bar_.Items()[i].visible, 0));
+        return;
     }
-    shown_ = bar_.Items();
+    for (std::size_t i = 0; i < shown_.size(); ++i)
+        if (before[i].visible != shown_[i].visible)
+            SendMessageW(Handle(), TB_HIDEBUTTON, kFirstId + i, MAKELPARAM(!shown_[i].visible, 0));
 }
 
 const Toolbar::Item* ToolbarMirror::ItemOf(int id) const {

@@ -24,6 +24,7 @@ protected:
     LRESULT OnNotify(NMHDR& header) override;
 
 private:
+    std::vector<Toolbar::Item> ItemsInSight() const;
     void AddButtons();
     LRESULT DrawButton(const NMTBCUSTOMDRAW& draw);
     void Choose(int id);

@@ -1,0 +1,103 @@
+#include "control/Layout.h"
+#include "tests/windows/forms/FormHost.h"
+#include "windows/gdi/ControlPainter.h"
+#include "windows/gdi/PaintBuffer.h"
+
+namespace dlv::test {
+namespace {
+
+constexpr COLORREF kCyan = RGB(0xC6, 0xFD, 0xFA);
+
+struct PictureTest : testing::Test {
+    PictureTest() {
+        LayoutFrames(form, Pixels(1000), Pixels(600));
+        FillGrid(form.vsFlex[0], 8);
+    }
+
+    /// Draws into a bitmap of twice the size at (100, 50) and gives the colour of a pixel of the picture.
+    COLORREF PixelOf(const std::function<void(HDC, const RECT&)>& draw, POINT point) const {
+        const WindowDc screen(nullptr);
+        const MemoryDc memory(screen.Get());
+        const Bitmap bitmap(CreateCompatibleBitmap(screen.Get(), 1200, 700));
+        const SelectScope select(memory.Get(), bitmap.Get());
+        {
+            const SaveScope mapping(memory.Get());
+            draw(memory.Get(), {100, 50, 1100, 650});
+        }
+        return GetPixel(memory.Get(), 100 + point.x, 50 + point.y);
+    }
+
+    /// A point on the ground of the grid's coloured header.
+    POINT HeaderPoint() const {
+        const Bounds inside = form.fraBU[0].Place();
+        const Scale scale;
+        return {scale.ToPixels(inside.left) + 160, scale.ToPixels(inside.top) + 3};
+    }
+
+    ViewerForm form;
+};
+
+TEST_F(PictureTest, StandsWhereItShould) {
+    const auto draw = [&](HDC dc, const RECT& place) { DrawControl(dc, place, form, 96); };
+    EXPECT_EQ(PixelOf(draw, HeaderPoint()), kCyan);
+    EXPECT_EQ(PixelOf(draw, {3, 3}), GetSysColor(COLOR_BTNFACE));
+    EXPECT_EQ(PixelOf(draw, {-3, 3}), RGB(0, 0, 0)) << "drawn beyond its place";
+}
+
+TEST_F(PictureTest, FollowsTheMappingOfItsContext) {
+    const auto halved = [&](HDC dc, const RECT&) {
+        SetMapMode(dc, MM_ANISOTROPIC);
+        SetWindowExtEx(dc, 2, 2, nullptr);
+        SetViewportExtEx(dc, 1, 1, nullptr);
+        SetViewportOrgEx(dc, 100, 50, nullptr);
+        DrawControl(dc, {0, 0, 2000, 1200}, form, 96);
+    };
+    EXPECT_EQ(PixelOf(halved, HeaderPoint()), kCyan);
+}
+
+TEST_F(PictureTest, FillsItsPlaceAtAnyResolution) {
+    for (const int dpi : {96, 120, 192}) {
+        const auto draw = [&](HDC dc, const RECT& place) { DrawControl(dc, place, form, dpi); };
+        EXPECT_EQ(PixelOf(draw, HeaderPoint()), kCyan) << dpi;
+    }
+}
+
+TEST_F(PictureTest, GoesIntoAMetafile) {
+    const auto play = [&](HDC dc, const RECT& place) {
+        const HDC record = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+        DrawControl(record, {0, 0, 1000, 600}, form, 96);
+        const HENHMETAFILE file = CloseEnhMetaFile(record);
+        ENHMETAHEADER header{};
+        GetEnhMetaFileHeader(file, sizeof header, &header);
+        EXPECT_GT(header.nRecords, 100u);
+        // Played at the size of its bounds, a pixel of the picture is a pixel again.
+        const RECTL& bounds = header.rclBounds;
+        const RECT target{place.left + bounds.left, place.top + bounds.top, place.left + bounds.right + 1,
+                          place.top + bounds.bottom + 1};
+        PlayEnhMetaFile(dc, file, &target);
+        DeleteEnhMetaFile(file);
+    };
+    const COLORREF pixel = PixelOf(play, HeaderPoint());
+    EXPECT_NEAR(GetRValue(pixel), 0xC6, 2);
+    EXPECT_NEAR(GetGValue(pixel), 0xFD, 2);
+}
+
+TEST_F(PictureTest, GoesIntoAnOldMetafileAsABitmap) {
+    const HDC record = CreateMetaFileW(nullptr);
+    SetMapMode(record, MM_ANISOTROPIC);
+    SetWindowExtEx(record, 1000, 600, nullptr);
+    DrawControl(record, {0, 0, 1000, 600}, form, 96);
+    const HMETAFILE file = CloseMetaFile(record);
+    ASSERT_NE(file, nullptr);
+    const auto play = [&](HDC dc, const RECT& place) {
+        SetMapMode(dc, MM_ANISOTROPIC);
+        SetViewportOrgEx(dc, place.left, place.top, nullptr);
+        SetViewportExtEx(dc, 1000, 600, nullptr);
+        PlayMetaFile(dc, file);
+    };
+    EXPECT_EQ(PixelOf(play, HeaderPoint()), kCyan);
+    DeleteMetaFile(file);
+}
+
+}  // namespace
+}  // namespace dlv::test

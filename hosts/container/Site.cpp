@@ -8,6 +8,11 @@ void* Site::Find(REFIID iid) {
     return IsEqualGUID(iid, IID_IOleWindow) ? static_cast<IOleInPlaceSite*>(this) : Unknown::Find(iid);
 }
 
+void Site::SetControl(IUnknown* control) {
+    control_ = control;
+    const ComPtr<IOleInPlaceObject> gone = std::move(inPlaceObject_);
+}
+
 void Site::Note(std::string_view call) const {
     if (listener_) listener_(call);
 }

@@ -29,8 +29,9 @@ public:
     /// The active control; null while it is not active in place.
     IOleInPlaceObject* InPlaceObject() const { return inPlaceObject_.Get(); }
     bool HasFocus() const { return hasFocus_; }
-    /// Whom the site asks for the control's in-place object once it is active.
-    void SetControl(IUnknown* control) { control_ = control; }
+    /// Whom the site asks for the control's in-place object once it is active. With null the site holds
+    /// nothing of the control any more.
+    void SetControl(IUnknown* control);
 
     STDMETHODIMP SaveObject() override;
     STDMETHODIMP GetMoniker(DWORD assign, DWORD which, IMoniker** moniker) override;

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "base/Text.h"
 #include "hosts/demo/workday/DayMessages.h"
 #include "windows/com/Strings.h"
 
@@ -124,10 +125,16 @@ void DemoWindow::StopControl() {
 void DemoWindow::RunMessages() {
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (TranslateAcceleratorW(window_, keys_, &message) != 0 || holder_->Translate(message)) continue;
+        if (IsUsedUp(message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
+}
+
+bool DemoWindow::IsUsedUp(MSG& message) {
+    if (TranslateAcceleratorW(window_, keys_, &message) != 0) return true;
+    if (IsChild(header_.Handle(), message.hwnd)) return IsDialogMessageW(header_.Handle(), &message) != FALSE;
+    return holder_->Translate(message);
 }
 
 LRESULT CALLBACK DemoWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
@@ -148,7 +155,10 @@ LRESULT DemoWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_TIMER: OnTimer(); return 0;
         case kAnswerRequests: session_.AnswerRequests(); return 0;
-        case kFirstFigures: SendFigures(); return 0;
+        case kFirstFigures:
+            if (server_ == Server::Stopped) session_.Send(ServerStoppedMessage());
+            SendFigures();
+            return 0;
         case WM_SIZE:
             if (wParam != SIZE_MINIMIZED) LayOut();
             return 0;
@@ -201,12 +211,13 @@ void DemoWindow::AnswersWait() { PostMessageW(window_, kAnswerRequests, 0, 0); }
 void DemoWindow::ClientReady() { PostMessageW(window_, kFirstFigures, 0, 0); }
 
 void DemoWindow::DetailsAsked(const DLVParams& params) {
-    std::string line = "GetDetails: ";
-    line += params.Info == "USER" ? "technicians" : "work orders";
+    std::string line = params.Info == "USER" ? "GetDetails: technicians" : "GetDetails: work orders";
     if (!params.JobStatus.empty()) line += ", status " + params.JobStatus;
     if (!params.JobType.empty()) line += ", job type " + params.JobType;
     if (!params.JobClass.empty()) line += ", job class " + params.JobClass;
-    Tell(line + ", units " + params.BUID);
+    const auto units = Split(params.BUID, '|');
+    Tell(line + (units.size() == 1 ? ", unit " : ", " + std::to_string(units.size()) + " units ") +
+         params.BUID);
     ShowLog(true);
 }
 

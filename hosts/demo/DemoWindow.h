@@ -44,6 +44,7 @@ private:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void OnCommand(int command);
     void OnTimer();
+    bool IsUsedUp(MSG& message);
 
     void AnswersWait() override;
     void ClientReady() override;

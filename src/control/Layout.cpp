@@ -38,8 +38,8 @@ void LayoutPanelWidths(ViewerForm& form, double width) {
     double left = first;
     for (FigureLabel* label : {&form.lblTechCount, &form.lblHrsWorked, &form.lblHrsRemaining, &form.lblWODone,
                                &form.lblWOOpen, &form.lblPtsDone, &form.lblPtsOpen}) {
-        SetSpan(label->heading, left, left + step - Pixels(4));
-        SetSpan(label->figure, left, left + step - Pixels(4));
+        SetSpan(label->heading, left, left + step - Pixels(8));
+        SetSpan(label->figure, left, left + step - Pixels(8));
         left += step;
     }
 

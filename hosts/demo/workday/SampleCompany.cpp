@@ -7,7 +7,7 @@ namespace {
 constexpr Unit kUnits[] = {
     {"10", "North Shore", "#", 3},        {"110", "Harbor District", "10", 4},
     {"111", "Ferry Landing", "110", 9},   {"112", "Harbor Point", "110", 12},
-    {"113", "Lighthouse Road", "110", 7}, {"120", "Pinewood District", "10", 3},
+    {"113", "Lighthouse", "110", 7},      {"120", "Pinewood District", "10", 3},
     {"121", "Pinewood East", "120", 8},   {"122", "Sawmill Creek", "120", 6},
     {"20", "Lake Country", "#", 3},       {"210", "Lakeview District", "20", 4},
     {"211", "Lakeview", "210", 11},       {"212", "Mill Pond", "210", 8},

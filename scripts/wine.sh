@@ -1,7 +1,8 @@
 # A Wine of our own: prefix, home and runtime folder under $state, shared with nothing else of this user, and a
 # virtual display. Sourced by ./dev and by the wrapper that runs Windows programs.
 #
-#   wine_begin [DPI]      environment, prefix (made once for each resolution, 96 by itself) and a warm server
+#   wine_begin [DPI [USE]] environment, prefix (made once for each resolution and use) and a warm server; a prefix
+#                         has one user at a time, since its desktop lives on that user's display
 #   display_is_there      whether the user has a display
 #   display_begin         a virtual display on a free number, in $DISPLAY
 #   wine_end, display_end end what the two began; safe to call when nothing was begun
@@ -11,7 +12,7 @@ wineBegun=""
 
 wine_environment() {
     wineDpi=$1
-    wineRoot=$state/wine
+    wineRoot=$state/wine${2:+-$2}
     ((wineDpi == 96)) || wineRoot+=-$wineDpi
     mkdir -p "$wineRoot/home" "$wineRoot/runtime"
     chmod 700 "$wineRoot/runtime"
@@ -22,38 +23,39 @@ wine_environment() {
 }
 
 wine_begin() {
-    wine_environment "${1:-96}"
-    # Each user of the prefix holds a shared lock; the last one out ends the server.
-    exec 8>"$wineRoot/users.lock"
-    flock -s 8
-    (
-        exec 8>&-
-        flock 7
-        if [[ ! -f $wineRoot/ready ]] || [[ $root/scripts/wine.reg -nt $wineRoot/ready ]]; then
-            wineserver -k || true
-            rm -rf "$WINEPREFIX"
-            env -u DISPLAY timeout -k 5 180 wine wineboot -i &&
-                env -u DISPLAY timeout -k 5 60 wine regedit /S "Z:$root/scripts/wine.reg" &&
-                env -u DISPLAY timeout -k 5 60 wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels \
-                    /t REG_DWORD /d "$wineDpi" /f &&
-                # The desktop that these have begun has no display; nothing could make a window on it.
-                { wineserver -k || true; } && wineserver -w &&
-                touch "$wineRoot/ready"
-        fi 7>&-
-    ) 7>"$wineRoot/prefix.lock" >"$wineRoot/prefix.log" 2>&1 </dev/null || {
-        cat "$wineRoot/prefix.log" >&2
-        echo "Wine could not make its prefix $WINEPREFIX" >&2
-        return 1
+    wine_environment "${1:-96}" "${2:-}"
+    exec 8>"$wineRoot/user.lock"
+    flock -n 8 || {
+        echo "Waiting for another command that uses $wineRoot" >&2
+        flock 8
     }
-    wineserver -p 8>&- 2>/dev/null || true
     wineBegun=yes
+    if [[ ! -f $wineRoot/ready || $root/scripts/wine.reg -nt $wineRoot/ready ]]; then
+        make_prefix >"$wineRoot/prefix.log" 2>&1 </dev/null 8>&- || {
+            cat "$wineRoot/prefix.log" >&2
+            echo "Wine could not make its prefix $WINEPREFIX" >&2
+            return 1
+        }
+    fi
+    wineserver -p 8>&- 2>/dev/null || true
+}
+
+make_prefix() {
+    wineserver -k || true
+    rm -rf "$WINEPREFIX" "$wineRoot/ready"
+    env -u DISPLAY timeout -k 5 180 wine wineboot -i &&
+        env -u DISPLAY timeout -k 5 60 wine regedit /S "Z:$root/scripts/wine.reg" &&
+        env -u DISPLAY timeout -k 5 60 wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels \
+            /t REG_DWORD /d "$wineDpi" /f || return 1
+    # The desktop that these have begun has no display; nothing could make a window on it.
+    wineserver -k || true
+    wineserver -w
+    touch "$wineRoot/ready"
 }
 
 wine_end() {
     [[ -n $wineBegun ]] || return 0
-    if flock -n -x 8; then
-        wineserver -k 2>/dev/null || true
-    fi
+    wineserver -k 2>/dev/null || true
     exec 8>&-
     wineBegun=""
 }

@@ -112,8 +112,10 @@ private:
 
     void DrawBar(const Toolbar& bar, const RECT& area) const {
         LONG left = area.left;
-        for (const Toolbar::Item& item : bar.Items()) {
-            if (!item.visible) continue;
+        const std::vector<bool> shown = ShownTools(bar);
+        for (std::size_t i = 0; i < shown.size(); ++i) {
+            if (!shown[i]) continue;
+            const Toolbar::Item& item = bar.Items()[i];
             const bool separator = item.style == Toolbar::Style::Separator;
             const RECT place{left, area.top, left + canvas_.Scaled(separator ? 8 : 28), area.bottom};
             DrawToolIcon(canvas_, item.key, place, IconState::Normal);

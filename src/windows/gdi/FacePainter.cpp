@@ -21,6 +21,25 @@ UINT LabelFormat(const Canvas& canvas, const Label& label, const RECT& area) {
 
 }  // namespace
 
+std::vector<bool> ShownTools(const Toolbar& bar) {
+    const std::vector<Toolbar::Item>& items = bar.Items();
+    std::vector<bool> shown(items.size());
+    constexpr std::size_t kNone = SIZE_MAX;
+    std::size_t separator = kNone;
+    bool before = false;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        if (!items[i].visible) continue;
+        if (items[i].style == Toolbar::Style::Separator) {
+            if (before && separator == kNone) separator = i;
+            continue;
+        }
+        if (separator != kNone) shown[separator] = true;
+        separator = kNone;
+        shown[i] = before = true;
+    }
+    return shown;
+}
+
 void DrawLabel(const Canvas& canvas, const Label& label, const RECT& area, COLORREF ground) {
     const Palette& colours = canvas.Colours();
     canvas.Fill(area, ground);

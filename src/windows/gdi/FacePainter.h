@@ -16,6 +16,10 @@ bool LabelTextFits(const Canvas& canvas, const Label& label, const RECT& area);
 /// The edge and caption of a frame, on a ground that is filled already.
 void DrawFrameEdge(const Canvas& canvas, const Frame& frame, const RECT& area, COLORREF ground);
 
+/// Which items of a tool bar are to be seen: those that the state shows, but no separator that has nothing to
+/// separate.
+std::vector<bool> ShownTools(const Toolbar& bar);
+
 enum class IconState { Normal, Disabled };
 
 /// The picture for a tool bar item's key, in the middle of `area`. Keys: "SaveGrid", "PrintGrid", "Profiles",

@@ -31,8 +31,8 @@ Palette Palette::Current() {
     palette.selected = GetSysColor(COLOR_HIGHLIGHT);
     palette.selectedText = GetSysColor(COLOR_HIGHLIGHTTEXT);
     if (palette.highContrast) {
-        palette.resting = palette.window;
-        palette.restingText = palette.windowText;
+        palette.resting = palette.selected;
+        palette.restingText = palette.selectedText;
         palette.gridLine = palette.headerLine = palette.outline = palette.edge = palette.windowText;
     } else {
         palette.resting = Mix(palette.windowText, palette.window, 15);

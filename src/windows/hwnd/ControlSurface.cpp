@@ -43,6 +43,17 @@ void ControlSurface::Flush() {
     if (Handle() == nullptr || windows_.Parent() == nullptr) return;
     const ControlsScope controls;
     windows_.Flush();
+    ApplyPointer();
+}
+
+// Windows asks for the pointer when the mouse moves; a mouse that rests is to show the change as well.
+void ControlSurface::ApplyPointer() {
+    if (pointer_ == Form().MousePointer()) return;
+    pointer_ = Form().MousePointer();
+    POINT mouse{};
+    const HWND below = GetCursorPos(&mouse) ? WindowFromPoint(mouse) : nullptr;
+    if (below == nullptr || (below != Handle() && !IsChild(Handle(), below))) return;
+    SetCursor(LoadCursorW(nullptr, pointer_ == kHourglassPointer ? IDC_WAIT : IDC_ARROW));
 }
 
 Bounds ControlSurface::SizeInTwips() const {
@@ -125,6 +136,10 @@ LRESULT ControlSurface::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_KILLFOCUS:
             if (!IsChild(Handle(), reinterpret_cast<HWND>(wParam))) FocusLeft();
             return 0;
+        case WM_MOUSEACTIVATE:
+            if (const HWND focus = GetFocus(); focus != Handle() && !IsChild(Handle(), focus))
+                windows_.TakeLastFocus();
+            break;
         case WM_SETCURSOR:
             if (Form().MousePointer() != kHourglassPointer || LOWORD(lParam) != HTCLIENT) break;
             SetCursor(LoadCursorW(nullptr, IDC_WAIT));

@@ -28,6 +28,7 @@ private:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnSize();
     void SystemChanged();
+    void ApplyPointer();
 
     void Clicked(Control& control) override;
     void TabChosen(TabStrip& tabs) override;
@@ -45,6 +46,7 @@ private:
     FontChoice font_;
     Scale scale_;
     SIZE size_{};
+    int pointer_ = kDefaultPointer;
 };
 
 }  // namespace dlv

@@ -120,6 +120,7 @@ void FormWindows::SetLook(const FontChoice& font, Scale scale) {
     for (const auto& mirror : mirrors_) {
         if (mirror->Handle() == nullptr) continue;
         mirror->LookChanged();
+        SendMessageW(mirror->Handle(), WM_SYSCOLORCHANGE, 0, 0);
         mirror->Shown().MarkChanged();
     }
     // Only now has no window a font of the old look any more.

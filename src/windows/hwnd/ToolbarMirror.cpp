@@ -37,30 +37,12 @@ void ToolbarMirror::LookChanged() {
     shown_.clear();
 }
 
-// A separator is to be seen only between two buttons that are.
-std::vector<Toolbar::Item> ToolbarMirror::ItemsInSight() const {
-    std::vector<Toolbar::Item> items = bar_.Items();
-    Toolbar::Item* waiting = nullptr;
-    bool buttonBefore = false;
-    for (Toolbar::Item& item : items) {
-        if (item.style != Toolbar::Style::Separator) {
-            if (item.visible && waiting != nullptr) waiting->visible = true;
-            if (item.visible) waiting = nullptr;
-            buttonBefore = buttonBefore || item.visible;
-            continue;
-        }
-        if (item.visible && buttonBefore && waiting == nullptr) waiting = &item;
-        item.visible = false;
-    }
-    return items;
-}
-
 void ToolbarMirror::AddButtons() {
     int id = kFirstId;
-    for (const Toolbar::Item& item : shown_) {
+    for (const Toolbar::Item& item : bar_.Items()) {
         TBBUTTON button{};
         button.idCommand = id++;
-        button.fsState = static_cast<BYTE>(TBSTATE_ENABLED | (item.visible ? 0 : TBSTATE_HIDDEN));
+        button.fsState = TBSTATE_ENABLED | TBSTATE_HIDDEN;
         button.fsStyle = item.style == Toolbar::Style::Separator  ? BTNS_SEP
                          : item.style == Toolbar::Style::DropDown ? BTNS_WHOLEDROPDOWN
                                                                   : BTNS_BUTTON;
@@ -71,14 +53,15 @@ void ToolbarMirror::AddButtons() {
 }
 
 void ToolbarMirror::Apply() {
-    const std::vector<Toolbar::Item> before = std::exchange(shown_, ItemsInSight());
-    if (before.size() != shown_.size()) {
+    std::vector<bool> wanted = ShownTools(bar_);
+    if (shown_.size() != wanted.size()) {
         AddButtons();
-        return;
+        shown_.assign(wanted.size(), false);
     }
-    for (std::size_t i = 0; i < shown_.size(); ++i)
-        if (before[i].visible != shown_[i].visible)
-            SendMessageW(Handle(), TB_HIDEBUTTON, kFirstId + i, MAKELPARAM(!shown_[i].visible, 0));
+    for (std::size_t i = 0; i < wanted.size(); ++i)
+        if (shown_[i] != wanted[i])
+            SendMessageW(Handle(), TB_HIDEBUTTON, kFirstId + i, MAKELPARAM(!wanted[i], 0));
+    shown_ = std::move(wanted);
 }
 
 const Toolbar::Item* ToolbarMirror::ItemOf(int id) const {

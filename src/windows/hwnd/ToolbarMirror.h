@@ -24,14 +24,13 @@ protected:
     LRESULT OnNotify(NMHDR& header) override;
 
 private:
-    std::vector<Toolbar::Item> ItemsInSight() const;
     void AddButtons();
     LRESULT DrawButton(const NMTBCUSTOMDRAW& draw);
     void Choose(int id);
     const Toolbar::Item* ItemOf(int id) const;
 
     Toolbar& bar_;
-    std::vector<Toolbar::Item> shown_;
+    std::vector<bool> shown_;
     std::wstring toolTip_;
 };
 

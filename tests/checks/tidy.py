@@ -12,8 +12,9 @@ from pathlib import Path
 import sources
 
 CHECKED = ("src/", "player/")
-# Options of GCC that clang does not know, and its container checks, which would only cost time here.
-DROPPED = re.compile(r"\s-(fsanitize\S*|fno-sanitize\S*|Wno-restrict)")
+# Options of GCC that clang does not know, its container checks, which would only cost time here, and its compiled
+# headers, behind which a missing include would hide.
+DROPPED = re.compile(r"\s-(fsanitize\S*|fno-sanitize\S*|Wno-restrict|Winvalid-pch|include \S*/cmake_pch\S*)")
 
 
 def commands(root, build):

@@ -62,14 +62,14 @@ void RegisterClassEntry(const Keys& keys, const RegisteredClass& entry, const st
     keys.Set(key + L"\\InprocServer32", L"ThreadingModel", L"Apartment");
     keys.Set(key + L"\\ProgID", nullptr, versioned);
     keys.Set(key + L"\\VersionIndependentProgID", nullptr, entry.progId);
-    keys.Set(key + L"\\Programmable", nullptr, L"");
+    keys.Set(key + L"\\Programmable", nullptr, {});
     keys.Set(key + L"\\TypeLib", nullptr, kTypeLibraryId);
     keys.Set(key + L"\\Version", nullptr, kTypeLibraryVersion);
     if (entry.kind == ClassKind::Control) {
-        keys.Set(key + L"\\Control", nullptr, L"");
+        keys.Set(key + L"\\Control", nullptr, {});
         keys.Set(key + L"\\MiscStatus", nullptr, L"0");
         keys.Set(key + L"\\MiscStatus\\1", nullptr, std::to_wstring(kControlMiscStatus));
-        keys.Set(key + L"\\Implemented Categories\\" + kControlCategory, nullptr, L"");
+        keys.Set(key + L"\\Implemented Categories\\" + kControlCategory, nullptr, {});
     }
     keys.Set(entry.progId, nullptr, entry.description);
     keys.Set(entry.progId + std::wstring(L"\\CLSID"), nullptr, entry.clsid);

@@ -1,5 +1,7 @@
 #include "windows/gdi/ControlPainter.h"
 
+#include <algorithm>
+
 #include "windows/com/Strings.h"
 #include "windows/gdi/FacePainter.h"
 #include "windows/gdi/GridPainter.h"
@@ -12,7 +14,8 @@ namespace {
 /// Draws control after control in the order of the form, from back to front.
 class FormPicture {
 public:
-    FormPicture(const Canvas& canvas, const ViewerForm& form) : canvas_(canvas), form_(form) {}
+    FormPicture(const Canvas& canvas, const ViewerForm& form)
+        : canvas_(canvas), form_(form), groups_(HeadingGroups(form)) {}
 
     void Draw() const {
         const Palette& colours = canvas_.Colours();
@@ -46,7 +49,7 @@ private:
             canvas_.Fill(area, face);
             DrawFrameEdge(canvas_, *frame, area, face);
         } else if (const auto* label = dynamic_cast<const Label*>(&control)) {
-            DrawLabel(canvas_, *label, area, face);
+            DrawLabel(canvas_, *label, area, face, LeastStep(*label));
         } else if (const auto* grid = dynamic_cast<const OutlineGrid*>(&control)) {
             DrawGrid(*grid, area);
         } else if (const auto* list = dynamic_cast<const ListView*>(&control)) {
@@ -60,6 +63,12 @@ private:
         } else if (const auto* button = dynamic_cast<const Button*>(&control)) {
             DrawButton(*button, area);
         }
+    }
+
+    int LeastStep(const Label& label) const {
+        for (const LabelGroup& group : groups_)
+            if (std::ranges::find(group, &label) != group.end()) return GroupStep(canvas_, group);
+        return 0;
     }
 
     void DrawGrid(const OutlineGrid& grid, const RECT& area) const {
@@ -158,6 +167,7 @@ private:
 
     const Canvas& canvas_;
     const ViewerForm& form_;
+    std::vector<LabelGroup> groups_;
 };
 
 SIZE PixelSize(const ViewerForm& form, Scale scale) {
@@ -196,6 +206,20 @@ void DrawAsBitmap(HDC dc, const RECT& place, const ViewerForm& form, const Look&
 }
 
 }  // namespace
+
+std::vector<LabelGroup> HeadingGroups(const ViewerForm& form) {
+    return {{&form.lblTechCount.heading, &form.lblHrsWorked.heading, &form.lblHrsRemaining.heading,
+             &form.lblWODone.heading, &form.lblWOOpen.heading, &form.lblPtsDone.heading,
+             &form.lblPtsOpen.heading},
+            {&form.lblWOsPerHr, &form.lblPtsPerHr},
+            {&form.lblToday, &form.lblReqProd}};
+}
+
+int GroupStep(const Canvas& canvas, const LabelGroup& group) {
+    int step = 0;
+    for (const Label* label : group) step = std::max(step, LabelStep(canvas, *label));
+    return step;
+}
 
 void DrawControl(HDC dc, const RECT& place, ViewerForm& form, int dpi, const FontChoice& font) {
     if (place.right == place.left || place.bottom == place.top) return;

@@ -5,9 +5,16 @@
 #include "windows/com/PlainWindows.h"
 
 #include "views/ViewerForm.h"
-#include "windows/gdi/Fonts.h"
+#include "windows/gdi/Canvas.h"
 
 namespace dlv {
+
+using LabelGroup = std::vector<const Label*>;
+/// The headings that stand side by side or below one another: those of a group are shown in one size.
+std::vector<LabelGroup> HeadingGroups(const ViewerForm& form);
+/// The least step for each label of the group, so that all are in the size of the one that needs the
+/// smallest.
+int GroupStep(const Canvas& canvas, const LabelGroup& group);
 
 /// Draws the form into `place` (logical units of `dc`) as it looks at its own size at `dpi`. Any device
 /// context will do, a metafile's too.

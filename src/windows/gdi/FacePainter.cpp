@@ -40,14 +40,19 @@ std::vector<bool> ShownTools(const Toolbar& bar) {
     return shown;
 }
 
-void DrawLabel(const Canvas& canvas, const Label& label, const RECT& area, COLORREF ground) {
+int LabelStep(const Canvas& canvas, const Label& label) {
+    const RECT area = canvas.Measure().ToRect(label.Place());
+    return canvas.StepWithin(area, Wide(label.Caption()), WeightOf(label), LabelFormat(canvas, label, area));
+}
+
+void DrawLabel(const Canvas& canvas, const Label& label, const RECT& area, COLORREF ground, int leastStep) {
     const Palette& colours = canvas.Colours();
     canvas.Fill(area, ground);
     COLORREF ink = colours.faceText;
     if (label.ForeColour() && !colours.highContrast) ink = *label.ForeColour();
     if (!label.Enabled()) ink = colours.disabledText;
     canvas.TextWithin(area, Wide(label.Caption()), WeightOf(label), ink, LabelFormat(canvas, label, area),
-                      Canvas::Upright::Top);
+                      Canvas::Upright::Top, leastStep);
 }
 
 bool LabelTextFits(const Canvas& canvas, const Label& label, const RECT& area) {

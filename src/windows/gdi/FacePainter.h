@@ -8,8 +8,12 @@
 namespace dlv {
 
 /// A label on a ground of that colour, which it fills. Text that needs more room wraps where the label is
-/// tall enough for two lines, and ends in an ellipsis where it is cut.
-void DrawLabel(const Canvas& canvas, const Label& label, const RECT& area, COLORREF ground);
+/// tall enough for two lines, is made smaller, and at last ends in an ellipsis. It is smaller by `leastStep`
+/// steps at any rate.
+void DrawLabel(const Canvas& canvas, const Label& label, const RECT& area, COLORREF ground,
+               int leastStep = 0);
+/// By how many steps a label makes its text smaller, at the size that it has in its state.
+int LabelStep(const Canvas& canvas, const Label& label);
 /// Whether the label's whole text is in sight in a label of that size.
 bool LabelTextFits(const Canvas& canvas, const Label& label, const RECT& area);
 

@@ -33,6 +33,7 @@ void ControlSurface::Create(HWND parent, const RECT& place) {
     MakeOwn(kControlClass, making);
     scale_ = Scale(static_cast<int>(GetDpiForWindow(Handle())));
     for (const Frame& page : Form().fraBU) windows_.SetPage(page);
+    windows_.SetGroups(HeadingGroups(Form()));
     windows_.SetFirstFocus(Form().lvBU);
     const ControlsScope controls;
     windows_.Make(Handle(), font_, scale_);
@@ -156,6 +157,7 @@ LRESULT ControlSurface::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SYSCOLORCHANGE:
         case WM_THEMECHANGED:
         case WM_SETTINGCHANGE: SystemChanged(); break;
+        case WM_DESTROY: windows_.EndToolTips(); break;
         case WM_NCDESTROY: Host().WindowDestroyed(); break;
         default: break;
     }

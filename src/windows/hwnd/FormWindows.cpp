@@ -28,8 +28,12 @@ FormWindows::FormWindows(WindowHost& host, Form& form, FormListener& listener)
 FormWindows::~FormWindows() { Destroy(); }
 
 void FormWindows::Destroy() {
-    if (tips_) tips_->Destroy();
+    EndToolTips();
     for (const auto& mirror : mirrors_) mirror->Destroy();
+}
+
+void FormWindows::EndToolTips() {
+    if (tips_) tips_->Destroy();
 }
 
 void FormWindows::Make(HWND parent, const FontChoice& font, Scale scale) {
@@ -137,6 +141,13 @@ bool FormWindows::OnPage(const Control& control) const {
     for (const Control* c = &control; c != nullptr; c = c->Container())
         if (std::ranges::find(pages_, c) != pages_.end()) return true;
     return false;
+}
+
+const LabelGroup& FormWindows::GroupOf(const Label& label) const {
+    static const LabelGroup none;
+    for (const LabelGroup& group : groups_)
+        if (std::ranges::find(group, &label) != group.end()) return group;
+    return none;
 }
 
 COLORREF FormWindows::Ground(const Control& control) const {

@@ -9,7 +9,7 @@
 
 #include "widgets/Form.h"
 #include "windows/com/WindowHost.h"
-#include "windows/gdi/Canvas.h"
+#include "windows/gdi/ControlPainter.h"
 #include "windows/hwnd/FormListener.h"
 
 namespace dlv {
@@ -57,11 +57,17 @@ public:
     bool Applying() const { return applying_; }
     HWND Parent() const { return parent_; }
     HWND TipWindow() const;
+    /// To be called before the windows that the tips belong to are destroyed: they hold something of each.
+    void EndToolTips();
     /// The ground that a control stands on.
     COLORREF Ground(const Control& control) const;
     HBRUSH GroundBrush(const Control& control) const;
     /// Declares a frame to lie on a tab strip's page.
     void SetPage(const Frame& frame) { pages_.push_back(&frame); }
+    /// Declares labels to be shown in one size.
+    void SetGroups(std::vector<LabelGroup> groups) { groups_ = std::move(groups); }
+    /// The labels that are shown in one size with it, itself among them; none for one by itself.
+    const LabelGroup& GroupOf(const Label& label) const;
     /// A number for a window that no other of the form has.
     int NextId() { return nextId_++; }
     void FocusChanged(Mirror& mirror, HWND other, bool gained);
@@ -86,6 +92,7 @@ private:
     std::unique_ptr<ToolTips> tips_;
     std::vector<std::unique_ptr<Mirror>> mirrors_;
     std::vector<const Frame*> pages_;
+    std::vector<LabelGroup> groups_;
     Brush groundBrush_;
     Brush pageBrush_;
     COLORREF page_ = 0;

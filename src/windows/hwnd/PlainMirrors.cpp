@@ -88,6 +88,9 @@ void LabelMirror::Make(HWND parent) {
 void LabelMirror::Apply() {
     ApplyText(label_.Caption());
     InvalidateRect(Handle(), nullptr, FALSE);
+    for (const Label* other : Owner().GroupOf(label_))
+        if (const Mirror* mirror = Owner().Find(*other); mirror != nullptr && mirror->Handle() != nullptr)
+            InvalidateRect(mirror->Handle(), nullptr, FALSE);
 }
 
 std::string LabelMirror::ToolTip() const {
@@ -102,7 +105,8 @@ void LabelMirror::Paint() {
     const RECT area = ClientArea(Handle());
     if (IsRectEmpty(&area)) return;
     const PaintBuffer buffer(paint.Dc(), area);
-    DrawLabel(Canvas(buffer.Dc(), Kept()), label_, area, Owner().Ground(label_));
+    const Canvas canvas(buffer.Dc(), Kept());
+    DrawLabel(canvas, label_, area, Owner().Ground(label_), GroupStep(canvas, Owner().GroupOf(label_)));
     buffer.Show();
 }
 

@@ -1,5 +1,7 @@
 #include "tests/windows/Support.h"
 
+#include <commctrl.h>
+
 namespace dlv::test {
 
 const wchar_t kSampleMessage[] =
@@ -10,7 +12,14 @@ const wchar_t kSampleMessage[] =
     L"<WebTable Name=\"JobTypes\"><row JobType=\"I\" JobTypeDesc=\"Install\"/></WebTable>"
     L"<WebTable Name=\"JobClasses\"><row JobClass=\"R\" JobClassDesc=\"Residential\"/></WebTable>"
     L"<WebTable Name=\"RegionalFormats\"><row languageCode=\"EN\" timeformat=\"hh:mm AM/PM\"/></WebTable>"
-    L"<WebTable Name=\"BUGeneralInfo\"></WebTable><WebTable Name=\"BUDetailsInfo\"></WebTable>"
+    L"<WebTable Name=\"BUGeneralInfo\">"
+    L"<row BUID=\"12\" BUDesc=\"North\" TechCount=\"4\" HoursWorked=\"16\" HoursRemaining=\"8\"/>"
+    L"<row BUID=\"40\" BUDesc=\"South\" TechCount=\"3\" HoursWorked=\"9\" HoursRemaining=\"6\"/></WebTable>"
+    L"<WebTable Name=\"BUDetailsInfo\">"
+    L"<row BUID=\"12\" JobType=\"I\" JobClass=\"R\" WOOpen=\"1\" WOWarning=\"2\" WOJeopardy=\"3\""
+    L" WOLate=\"4\" WOCompleted=\"5\" WOCanceled=\"6\" WONotDone=\"7\" PtsOpen=\"8\" PtsWarning=\"9\""
+    L" PtsJeopardy=\"10\" PtsLate=\"11\" PtsCompleted=\"12\" PtsCanceled=\"13\" "
+    L"PtsNotDone=\"14\"/></WebTable>"
     L"</WebData></WebMessage>";
 
 namespace {
@@ -45,11 +54,6 @@ HRESULT CanUnload() {
     return function == nullptr ? E_FAIL : function();
 }
 
-ULONG ReferencesOf(IUnknown* object) {
-    object->AddRef();
-    return object->Release();
-}
-
 HostWindow::HostWindow() {
     static const ATOM registered = [] {
         WNDCLASSW windowClass{};
@@ -66,6 +70,22 @@ HostWindow::HostWindow() {
 
 void HostWindow::Destroy() {
     if (window_ != nullptr) DestroyWindow(std::exchange(window_, nullptr));
+}
+
+std::size_t HostedControl::ListedUnits() const {
+    HWND list = nullptr;
+    EnumChildWindows(
+        container.ControlWindow(),
+        [](HWND child, LPARAM data) -> BOOL {
+            wchar_t name[32] = {};
+            GetClassNameW(child, name, static_cast<int>(std::size(name)));
+            if (wcscmp(name, WC_LISTVIEWW) != 0) return TRUE;
+            *reinterpret_cast<HWND*>(data) = child;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&list));
+    EXPECT_NE(list, nullptr);
+    return static_cast<std::size_t>(ListView_GetItemCount(list));
 }
 
 void PumpMessages() {

@@ -58,7 +58,11 @@ ComPtr<Interface> New(const wchar_t* className) {
 }
 
 /// How many references an object has, which must not be used by anybody else meanwhile.
-ULONG ReferencesOf(IUnknown* object);
+template <class Object>
+ULONG ReferencesOf(Object* object) {
+    object->AddRef();
+    return object->Release();
+}
 
 /// A top-level window for as long as it lives.
 class HostWindow {
@@ -113,7 +117,7 @@ HRESULT SetSessionUnits(_DLViewer* viewer, std::initializer_list<const wchar_t*>
 HRESULT AnswerProfiles(_DLViewer* viewer, const wchar_t* resultXml, const wchar_t* function);
 HRESULT Receive(_DLViewer* viewer, IDispatch* message);
 
-/// A message with two units that are shown and one row of details, from its text.
+/// A message with two units and one row of details, from its text.
 ComPtr<_QZWebMessage> SampleMessage();
 extern const wchar_t kSampleMessage[];
 /// A message that the control cannot load: it lacks a table.
@@ -131,6 +135,8 @@ public:
     _DLViewer* Viewer() const { return viewer.Get(); }
     /// The calls of a host up to the first data message, with answers to the requests for profiles.
     void StartUp();
+    /// How many units the list on the screen holds.
+    std::size_t ListedUnits() const;
 
     HostWindow window;
     ComPtr<EventSink> sink;

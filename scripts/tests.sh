@@ -50,7 +50,7 @@ ctest_runner() {
 
 reference_runner() {
     UBSAN_OPTIONS=print_stacktrace=1 timeout -k 20 600 python3 "$root/tests/reference/compare.py" \
-        "$state/sanitize/player/play" --seeds 1-300 --parts views
+        "$state/sanitize/player/play" --seeds 1-300 --parts all
 }
 
 checks_runner() {

@@ -113,8 +113,7 @@ TEST_F(Hostile, FieldsMayHoldAnyText) {
                                std::string("\0A", 2),
                                "\x80\xFF",
                                "A\r\n\tB",
-                               Repeated("9", 10'000'000),
-                               std::string(10'000'000, 'x')};
+                               Repeated("9", 10'000'000)};
     for (const std::string& text : odd) {
         test::Tables tables = test::GoodTables();
         tables.units.push_back({text, text, text});

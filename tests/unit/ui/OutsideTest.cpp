@@ -13,7 +13,7 @@ namespace {
 
 class WaysOut : public testing::Test {
 protected:
-    std::vector<std::function<void()>> AllWays() {
+    std::vector<std::function<void()>> All() {
         return {[&] { outside_.PostRequest("x"); }, [&] { outside_.Raise(HostEvent::GetDetails, {}); },
                 [&] { outside_.ShowModal(form_); }, [&] { outside_.ShowMessageBox({}); },
                 [&] { outside_.ProcessPendingMessages(); }};
@@ -25,7 +25,7 @@ protected:
 };
 
 TEST_F(WaysOut, BringTheWindowsUpToDateFirst) {
-    for (const auto& go : AllWays()) {
+    for (const auto& go : All()) {
         host_.ways.clear();
         go();
         ASSERT_EQ(host_.ways.size(), 2u);
@@ -33,21 +33,22 @@ TEST_F(WaysOut, BringTheWindowsUpToDateFirst) {
     }
 }
 
-TEST_F(WaysOut, AreTheLastWhenTheControlIsStoppedInside) {
-    for (std::size_t i = 0; i < AllWays().size(); ++i) {
-        Outside outside(host_, host_);
-        host_.inside = [&](const std::string&) { outside_.Close(); };
-        EXPECT_THROW(AllWays()[i](), ControlStopped);
-        const std::size_t taken = host_.ways.size();
-        for (const auto& go : AllWays()) EXPECT_THROW(go(), ControlStopped);
-        EXPECT_EQ(host_.ways.size(), taken) << "none leads out any more";
-    }
-}
-
 TEST_F(WaysOut, GiveTheAnswerBack) {
     host_.answer = Answer::Yes;
     EXPECT_EQ(outside_.ShowMessageBox({}), Answer::Yes);
 }
+
+class LastWayOut : public WaysOut, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(LastWayOut, IsTheOneInWhichTheControlIsStopped) {
+    host_.inside = [&](const std::string&) { outside_.Close(); };
+    EXPECT_THROW(All()[GetParam()](), ControlStopped) << "what was under way does not go on";
+    EXPECT_EQ(host_.ways.size(), 2u);
+    for (const auto& go : All()) EXPECT_THROW(go(), ControlStopped);
+    EXPECT_EQ(host_.ways.size(), 2u) << "none leads out any more";
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, LastWayOut, testing::Range<std::size_t>(0, 5));
 
 class ErrorDialog : public WaysOut {
 protected:

@@ -92,8 +92,8 @@ TEST(HostileDocuments, LongFieldsNamesAndTexts) {
     EXPECT_TRUE(again.Field(1, longText) == "<" + longText);
 }
 
-TEST(HostileDocuments, AMillionAttributes) {
-    constexpr std::size_t kCount = 1'000'000;
+TEST(HostileDocuments, AQuarterOfAMillionAttributes) {
+    constexpr std::size_t kCount = 250'000;
     std::string row = "<row";
     for (std::size_t i = 0; i < kCount; ++i)
         row += " a" + std::to_string(i) + "=\"" + std::to_string(i) + "\"";

@@ -1,8 +1,9 @@
 # A Wine of our own: prefix, home and runtime folder under $state, shared with nothing else of this user, and a
 # virtual display. Sourced by ./dev and by the wrapper that runs Windows programs.
 #
-#   wine_begin [DPI [USE]] environment, prefix (made once for each resolution and use) and a warm server; a prefix
-#                         has one user at a time, since its desktop lives on that user's display
+#   wine_begin [DPI [USE [LOOK]]]  environment, prefix (made once for each resolution, use and look) and a warm server;
+#                         a prefix has one user at a time, since its desktop lives on that user's display. A look
+#                         is a file wine-LOOK.reg beside this one
 #   display_is_there      whether the user has a display
 #   display_begin         a virtual display on a free number, in $DISPLAY
 #   wine_end, display_end end what the two began; safe to call when nothing was begun
@@ -12,7 +13,8 @@ wineBegun=""
 
 wine_environment() {
     wineDpi=$1
-    wineRoot=$state/wine${2:+-$2}
+    wineLook=${3:+$root/scripts/wine-$3.reg}
+    wineRoot=$state/wine${2:+-$2}${3:+-$3}
     ((wineDpi == 96)) || wineRoot+=-$wineDpi
     mkdir -p "$wineRoot/home" "$wineRoot/runtime"
     chmod 700 "$wineRoot/runtime"
@@ -23,14 +25,15 @@ wine_environment() {
 }
 
 wine_begin() {
-    wine_environment "${1:-96}" "${2:-}"
+    wine_environment "${1:-96}" "${2:-}" "${3:-}"
     exec 8>"$wineRoot/user.lock"
     flock -n 8 || {
         echo "Waiting for another command that uses $wineRoot" >&2
         flock 8
     }
     wineBegun=yes
-    if [[ ! -f $wineRoot/ready || $root/scripts/wine.reg -nt $wineRoot/ready ]]; then
+    if [[ ! -f $wineRoot/ready || $root/scripts/wine.reg -nt $wineRoot/ready ||
+        ( -n $wineLook && $wineLook -nt $wineRoot/ready ) ]]; then
         make_prefix >"$wineRoot/prefix.log" 2>&1 </dev/null 8>&- || {
             cat "$wineRoot/prefix.log" >&2
             echo "Wine could not make its prefix $WINEPREFIX" >&2
@@ -45,6 +48,7 @@ make_prefix() {
     rm -rf "$WINEPREFIX" "$wineRoot/ready"
     env -u DISPLAY timeout -k 5 180 wine wineboot -i &&
         env -u DISPLAY timeout -k 5 60 wine regedit /S "Z:$root/scripts/wine.reg" &&
+        { [[ -z $wineLook ]] || env -u DISPLAY timeout -k 5 60 wine regedit /S "Z:$wineLook"; } &&
         env -u DISPLAY timeout -k 5 60 wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels \
             /t REG_DWORD /d "$wineDpi" /f || return 1
     # The desktop that these have begun has no display; nothing could make a window on it.

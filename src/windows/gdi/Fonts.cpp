@@ -4,21 +4,6 @@ namespace dlv {
 
 namespace {
 
-int CALLBACK NoteFound(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM found) {
-    *reinterpret_cast<bool*>(found) = true;
-    return 0;
-}
-
-bool IsInstalled(const wchar_t* face) {
-    const MemoryDc dc;
-    LOGFONTW wanted{};
-    wanted.lfCharSet = DEFAULT_CHARSET;
-    lstrcpynW(wanted.lfFaceName, face, LF_FACESIZE);
-    bool found = false;
-    EnumFontFamiliesExW(dc.Get(), &wanted, NoteFound, reinterpret_cast<LPARAM>(&found), 0);
-    return found;
-}
-
 Font MakeFont(const FontChoice& choice, Scale scale, Weight weight, int step) {
     LOGFONTW font{};
     const double share = 1 - 0.075 * step;
@@ -33,8 +18,11 @@ Font MakeFont(const FontChoice& choice, Scale scale, Weight weight, int step) {
 }  // namespace
 
 FontChoice DefaultFont() {
-    static const bool segoe = IsInstalled(L"Segoe UI");
-    return {segoe ? L"Segoe UI" : L"MS Shell Dlg 2", 9};
+    constexpr UINT kDpi = 96;
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    if (!SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, kDpi)) return {};
+    return {metrics.lfMessageFont.lfFaceName, std::abs(metrics.lfMessageFont.lfHeight) * 72.0 / kDpi};
 }
 
 Fonts::Fonts(const FontChoice& choice, Scale scale) : choice_(choice), scale_(scale) {

@@ -15,12 +15,12 @@ namespace dlv {
 enum class Weight { Regular, Bold };
 
 struct FontChoice {
-    std::wstring face;
+    std::wstring face = L"Segoe UI";
     double points = 9;
     bool operator==(const FontChoice&) const = default;
 };
 
-/// The system's own dialog font: Segoe UI where there is one.
+/// The font that the user has for messages and dialogs.
 FontChoice DefaultFont();
 
 class Fonts {

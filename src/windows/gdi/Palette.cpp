@@ -4,7 +4,12 @@ namespace dlv {
 
 namespace {
 
+int Lightness(COLORREF colour) { return 3 * GetRValue(colour) + 6 * GetGValue(colour) + GetBValue(colour); }
+
+// Light text on a dark window asks for the same, whether the system calls it high contrast or not: the pale
+// colours of the grids would glare on it.
 bool InHighContrast() {
+    if (Lightness(GetSysColor(COLOR_WINDOW)) < Lightness(GetSysColor(COLOR_WINDOWTEXT))) return true;
     HIGHCONTRASTW contrast{};
     contrast.cbSize = sizeof contrast;
     return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&

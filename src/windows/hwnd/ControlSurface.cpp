@@ -20,7 +20,10 @@ bool WantsKey(const MSG& message) {
 }  // namespace
 
 ControlSurface::ControlSurface(WindowHost& host, const FontChoice& font)
-    : Window(host), windows_(host, host.Viewer().Controls(), *this), font_(font) {}
+    : Window(host),
+      windows_(host, host.Viewer().Controls(), *this),
+      font_(font),
+      followsSystemFont_(font == DefaultFont()) {}
 
 ControlSurface::~ControlSurface() { Destroy(); }
 
@@ -82,12 +85,14 @@ void ControlSurface::SetDpi(int dpi) {
 void ControlSurface::SetFont(const FontChoice& font) {
     if (font == font_) return;
     font_ = font;
+    followsSystemFont_ = font == DefaultFont();
     SystemChanged();
 }
 
 void ControlSurface::SystemChanged() {
     if (Handle() == nullptr || windows_.Parent() == nullptr) return;
     const ControlsScope controls;
+    if (followsSystemFont_) font_ = DefaultFont();
     windows_.SetLook(font_, scale_);
     RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }

@@ -44,6 +44,7 @@ private:
 
     FormWindows windows_;
     FontChoice font_;
+    bool followsSystemFont_;
     Scale scale_;
     SIZE size_{};
     int pointer_ = kDefaultPointer;

@@ -4,35 +4,56 @@
 
 namespace dlv::container {
 
-Container::Container(HWND frame, HWND parent, const RECT& place, Ambients ambients)
+namespace {
+
+Surroundings SurroundingsOf(HWND frame, HWND parent, const std::shared_ptr<Recorder>& recorder) {
+    return {Make<Frame>(frame, recorder), parent == frame ? nullptr : Make<Document>(parent, recorder)};
+}
+
+}  // namespace
+
+Container::Container(HWND frame, HWND parent, const RECT& place, Ambients ambients,
+                     std::shared_ptr<Recorder> recorder)
     : parent_(parent),
-      frame_(Make<Frame>(frame)),
-      site_(Make<Site>(parent, place, frame_, std::move(ambients))) {}
+      recorder_(std::move(recorder)),
+      surroundings_(SurroundingsOf(frame, parent, recorder_)),
+      site_(Make<Site>(parent, place, surroundings_, std::move(ambients), recorder_)) {}
 
 Container::~Container() { Remove(); }
 
+template <class Interface, class Body>
+HRESULT Container::Ask(std::string_view text, Body&& body) const {
+    // The call may lead to the control's removal.
+    const ComPtr<IUnknown> control = control_;
+    return container::Ask<Interface>(recorder_, control.Get(), text, body);
+}
+
 HRESULT Container::Insert(IUnknown* control) {
     Remove();
-    ComPtr<IOleObject> object;
-    HRESULT result = control->QueryInterface(IID_PPV_ARGS(&object));
-    if (FAILED(result)) return result;
     control_ = control;
-    object_ = object;
     site_->SetControl(control);
-    result = object->SetClientSite(site_.Get());
-    ComPtr<IPersistStreamInit> persist;
-    if (SUCCEEDED(result) && SUCCEEDED(control->QueryInterface(IID_PPV_ARGS(&persist))))
-        result = persist->InitNew();
-    SIZEL extent = ToHimetric(site_->Place(), DpiOf(parent_));
-    if (SUCCEEDED(result)) result = object->SetExtent(DVASPECT_CONTENT, &extent);
-    return result;
+    const HRESULT placed = Ask<IOleObject>("IOleObject.SetClientSite(site)", [this](IOleObject& object) {
+        return object.SetClientSite(site_.Get());
+    });
+    if (FAILED(placed)) return placed;
+    const HRESULT started = Ask<IPersistStreamInit>(
+        "IPersistStreamInit.InitNew", [](IPersistStreamInit& persist) { return persist.InitNew(); });
+    // Not every control keeps something.
+    if (FAILED(started) && started != E_NOINTERFACE) return started;
+    return SetExtent(site_->Place());
+}
+
+HRESULT Container::SetExtent(const RECT& place) {
+    SIZEL extent = ToHimetric(place, DpiOf(parent_));
+    return Ask<IOleObject>("IOleObject.SetExtent(" + SizeText(extent) + ")",
+                           [&](IOleObject& object) { return object.SetExtent(DVASPECT_CONTENT, &extent); });
 }
 
 HRESULT Container::DoVerb(LONG verb) {
-    const ComPtr<IOleObject> object = object_;
-    if (!object) return E_UNEXPECTED;
     const RECT place = site_->Place();
-    return object->DoVerb(verb, nullptr, site_.Get(), 0, parent_, &place);
+    return Ask<IOleObject>("IOleObject.DoVerb(" + VerbText(verb) + ")", [&](IOleObject& object) {
+        return object.DoVerb(verb, nullptr, site_.Get(), 0, parent_, &place);
+    });
 }
 
 HRESULT Container::Activate() { return DoVerb(OLEIVERB_INPLACEACTIVATE); }
@@ -40,52 +61,53 @@ HRESULT Container::Activate() { return DoVerb(OLEIVERB_INPLACEACTIVATE); }
 HRESULT Container::ActivateUI() { return DoVerb(OLEIVERB_UIACTIVATE); }
 
 HRESULT Container::Deactivate() {
-    const ComPtr<IOleInPlaceObject> active = site_->InPlaceObject();
-    return active ? active->InPlaceDeactivate() : S_OK;
+    if (site_->InPlaceObject() == nullptr) return S_OK;
+    return Ask<IOleInPlaceObject>("IOleInPlaceObject.InPlaceDeactivate",
+                                  [](IOleInPlaceObject& object) { return object.InPlaceDeactivate(); });
 }
 
 HRESULT Container::SetPlace(const RECT& place) {
     site_->SetPlace(place);
-    const ComPtr<IOleObject> object = object_;
-    if (!object) return E_UNEXPECTED;
-    const ComPtr<IOleInPlaceObject> active = site_->InPlaceObject();
-    HRESULT result = active ? active->SetObjectRects(&place, &place) : S_OK;
-    SIZEL extent = ToHimetric(place, DpiOf(parent_));
-    if (SUCCEEDED(result)) result = object->SetExtent(DVASPECT_CONTENT, &extent);
-    return result;
+    HRESULT result = S_OK;
+    if (site_->InPlaceObject() != nullptr)
+        result = Ask<IOleInPlaceObject>(
+            "IOleInPlaceObject.SetObjectRects(" + PlaceText(place) + ")",
+            [&](IOleInPlaceObject& object) { return object.SetObjectRects(&place, &place); });
+    return SUCCEEDED(result) ? SetExtent(place) : result;
 }
 
 HRESULT Container::Draw(HDC dc, const RECT& bounds) const {
-    ComPtr<IViewObject> view;
-    if (!control_) return E_UNEXPECTED;
-    const HRESULT result = control_.As(&view);
-    if (FAILED(result)) return result;
     const RECTL place{bounds.left, bounds.top, bounds.right, bounds.bottom};
-    return view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &place, nullptr, nullptr, 0);
+    return Ask<IViewObject>("IViewObject.Draw(" + PlaceText(bounds) + ")", [&](IViewObject& view) {
+        return view.Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &place, nullptr, nullptr, 0);
+    });
 }
 
 void Container::Remove() {
-    const ComPtr<IOleObject> object = std::move(object_);
-    const ComPtr<IUnknown> control = std::move(control_);
-    if (!object) return;
-    const ComPtr<IOleInPlaceObject> active = site_->InPlaceObject();
-    if (active) active->InPlaceDeactivate();
-    object->Close(OLECLOSE_NOSAVE);
-    object->SetClientSite(nullptr);
+    if (!control_) return;
+    Deactivate();
+    Ask<IOleObject>("IOleObject.Close(NOSAVE)",
+                    [](IOleObject& object) { return object.Close(OLECLOSE_NOSAVE); });
+    Ask<IOleObject>("IOleObject.SetClientSite(none)",
+                    [](IOleObject& object) { return object.SetClientSite(nullptr); });
+    control_.Reset();
     site_->SetControl(nullptr);
 }
 
 bool Container::TranslateKey(MSG& message) const {
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
-    const ComPtr<IOleInPlaceActiveObject> active = frame_->ActiveObject();
-    return active && active->TranslateAccelerator(&message) == S_OK;
+    const ComPtr<IOleInPlaceActiveObject> active = HostFrame().ActiveObject();
+    return active && container::Ask<IOleInPlaceActiveObject>(
+                         recorder_, active.Get(),
+                         "IOleInPlaceActiveObject.TranslateAccelerator(" + KeyText(message) + ")",
+                         [&](IOleInPlaceActiveObject& object) {
+                             return object.TranslateAccelerator(&message);
+                         }) == S_OK;
 }
 
 HRESULT Container::TellAmbientChange(DISPID id) const {
-    ComPtr<IOleControl> control;
-    if (!control_) return E_UNEXPECTED;
-    const HRESULT result = control_.As(&control);
-    return FAILED(result) ? result : control->OnAmbientPropertyChange(id);
+    return Ask<IOleControl>("IOleControl.OnAmbientPropertyChange(" + AmbientText(id) + ")",
+                            [id](IOleControl& control) { return control.OnAmbientPropertyChange(id); });
 }
 
 HWND Container::ControlWindow() const {

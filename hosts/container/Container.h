@@ -15,8 +15,10 @@ namespace dlv::container {
 class Container {
 public:
     /// `frame` is the host's top-level window, `parent` the window that the control stands in, which may be
-    /// the same; `place` in the parent's client pixels. Both windows outlive the control's stay.
-    Container(HWND frame, HWND parent, const RECT& place, Ambients ambients = {});
+    /// the same; `place` in the parent's client pixels. Both windows outlive the control's stay. The
+    /// recorder, if any, writes down every call between container and control.
+    Container(HWND frame, HWND parent, const RECT& place, Ambients ambients = {},
+              std::shared_ptr<Recorder> recorder = {});
     /// Removes the control.
     ~Container();
     Container(const Container&) = delete;
@@ -46,16 +48,19 @@ public:
     /// The control's window; null while it has none.
     HWND ControlWindow() const;
     Site& ControlSite() const { return *site_.Get(); }
-    Frame& HostFrame() const { return *frame_.Get(); }
+    Frame& HostFrame() const { return *surroundings_.frame.Get(); }
 
 private:
     HRESULT DoVerb(LONG verb);
+    HRESULT SetExtent(const RECT& place);
+    template <class Interface, class Body>
+    HRESULT Ask(std::string_view text, Body&& body) const;
 
     const HWND parent_;
-    ComPtr<Frame> frame_;
+    const std::shared_ptr<Recorder> recorder_;
+    const Surroundings surroundings_;
     ComPtr<Site> site_;
     ComPtr<IUnknown> control_;
-    ComPtr<IOleObject> object_;
 };
 
 }  // namespace dlv::container

@@ -1,6 +1,7 @@
 // Listens to a control's events: one handler per dispatch id.
 #pragma once
 
+#include "hosts/container/Recorder.h"
 #include "hosts/container/Unknown.h"
 
 #include <functional>
@@ -9,8 +10,10 @@
 
 namespace dlv::container {
 
-class EventSink final : public Unknown<IDispatch> {
+class EventSink final : public Unknown<IDispatch>, private Recorded {
 public:
+    explicit EventSink(std::shared_ptr<Recorder> recorder = {}) : Recorded(std::move(recorder)) {}
+
     /// Gets the event's arguments as the control passes them: from last to first, by reference where it
     /// declares them so.
     using Handler = std::function<void(DISPPARAMS& arguments)>;
@@ -32,9 +35,12 @@ public:
 
 private:
     void* Find(REFIID iid) override;
+    std::string EventText(DISPID id, const DISPPARAMS& arguments) const;
 
     std::map<DISPID, Handler> handlers_;
     IID source_{};
+    /// The description of the source interface; null when the control has none.
+    ComPtr<ITypeInfo> events_;
     ComPtr<IConnectionPoint> point_;
     DWORD cookie_ = 0;
 };

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <functional>
-#include <string_view>
 
 #include "hosts/container/Ambients.h"
 #include "hosts/container/Frame.h"
@@ -10,16 +9,24 @@
 
 namespace dlv::container {
 
-class Site final : public Unknown<IOleClientSite, IOleInPlaceSite, IOleControlSite, IDispatch> {
+/// What a site stands in; `document` is null where the frame is the document's window too.
+struct Surroundings {
+    ComPtr<Frame> frame;
+    ComPtr<Document> document;
+};
+
+class Site final : public Unknown<IOleClientSite, IOleInPlaceSite, IOleControlSite, IDispatch>,
+                   private Recorded {
 public:
-    /// Told of every call that the control makes on its site, by interface and member.
-    using Listener = std::function<void(std::string_view call)>;
-
     /// The control stands in `parent`, at `place` in its client pixels.
-    Site(HWND parent, const RECT& place, ComPtr<Frame> frame, Ambients ambients)
-        : parent_(parent), place_(place), frame_(std::move(frame)), ambients_(std::move(ambients)) {}
+    Site(HWND parent, const RECT& place, Surroundings surroundings, Ambients ambients,
+         std::shared_ptr<Recorder> recorder = {})
+        : Recorded(std::move(recorder)),
+          parent_(parent),
+          place_(place),
+          surroundings_(std::move(surroundings)),
+          ambients_(std::move(ambients)) {}
 
-    void SetListener(Listener listener) { listener_ = std::move(listener); }
     /// Keys that the control offers before it uses them; true takes them.
     void SetKeyFilter(std::function<bool(const MSG&)> filter) { keyFilter_ = std::move(filter); }
 
@@ -71,13 +78,11 @@ public:
 
 private:
     void* Find(REFIID iid) override;
-    void Note(std::string_view call) const;
 
     const HWND parent_;
     RECT place_;
-    ComPtr<Frame> frame_;
+    const Surroundings surroundings_;
     Ambients ambients_;
-    Listener listener_;
     std::function<bool(const MSG&)> keyFilter_;
     IUnknown* control_ = nullptr;
     ComPtr<IOleInPlaceObject> inPlaceObject_;

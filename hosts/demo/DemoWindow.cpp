@@ -48,10 +48,11 @@ std::string ClockText(int minutes) {
 
 }  // namespace
 
-DemoWindow::DemoWindow(const Options& options, std::unique_ptr<ControlHolder> holder)
+DemoWindow::DemoWindow(const Options& options, std::unique_ptr<ControlHolder> holder,
+                       std::shared_ptr<container::Recorder> recorder)
     : options_(options),
       holder_(std::move(holder)),
-      session_(profiles_, *this),
+      session_(profiles_, *this, std::move(recorder)),
       seed_(options.seed),
       language_(options.language) {
     StartDay();

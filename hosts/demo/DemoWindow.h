@@ -19,7 +19,9 @@ namespace dlv::demo {
 
 class DemoWindow final : private SessionListener {
 public:
-    DemoWindow(const Options& options, std::unique_ptr<ControlHolder> holder);
+    /// The recorder, if any, writes the session's calls down.
+    DemoWindow(const Options& options, std::unique_ptr<ControlHolder> holder,
+               std::shared_ptr<container::Recorder> recorder = {});
     ~DemoWindow() override;
     DemoWindow(const DemoWindow&) = delete;
     DemoWindow& operator=(const DemoWindow&) = delete;

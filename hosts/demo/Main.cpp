@@ -5,6 +5,8 @@
 
 #include <cstdio>
 #include <exception>
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <vector>
 
@@ -32,7 +34,17 @@ std::vector<std::string> Arguments() {
 }
 
 bool RunWindow(const Options& options) {
-    DemoWindow window(options, std::make_unique<PlainHolder>());
+    std::ofstream calls;
+    std::shared_ptr<dlv::container::Recorder> recorder;
+    if (!options.callsFile.empty()) {
+        calls.open(std::filesystem::path(dlv::Wide(options.callsFile)), std::ios::binary);
+        recorder = std::make_shared<dlv::container::Recorder>(calls);
+    }
+    if (!calls) {
+        std::fprintf(stderr, "demo: %s cannot be written\n", options.callsFile.c_str());
+        return false;
+    }
+    DemoWindow window(options, std::make_unique<PlainHolder>(recorder), recorder);
     if (!window.Create()) {
         std::fputs("demo: no window could be made\n", stderr);
         return false;

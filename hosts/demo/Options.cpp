@@ -12,7 +12,8 @@ const char* const kUsage =
     "  --width N, --height N        size of the window (1000, 700)\n"
     "  --profile NAME               profile to start with (Default, or All Units)\n"
     "  --seconds N                  how often figures come (5)\n"
-    "  --seed N                     which day it is (1)\n";
+    "  --seed N                     which day it is (1)\n"
+    "  --record-calls FILE          writes down every call between this host and the control\n";
 
 namespace {
 
@@ -41,6 +42,10 @@ bool Take(Options& options, const std::string& name, const std::string& value) {
     if (name == "--profile") {
         options.profile = value;
         return true;
+    }
+    if (name == "--record-calls") {
+        options.callsFile = value;
+        return !value.empty();
     }
     if (name == "--pictures") {
         options.mode = Options::Mode::Pictures;

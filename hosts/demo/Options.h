@@ -31,6 +31,8 @@ struct Options {
     /// The profile that the control starts with.
     std::string profile{kDefaultProfile};
     std::uint32_t seed = 1;
+    /// Where the calls between host and control are written down; empty for nowhere.
+    std::string callsFile;
     int refreshSeconds = 5;
 };
 

@@ -9,7 +9,7 @@ HRESULT PlainHolder::Open(HWND window, const RECT& place) {
     HRESULT result =
         CoCreateInstance(__uuidof(DLViewer), nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&control));
     if (FAILED(result)) return result;
-    container_.emplace(window, window, place);
+    container_.emplace(window, window, place, container::Ambients{}, recorder_);
     result = container_->Insert(control.Get());
     return FAILED(result) ? result : container_->Activate();
 }

@@ -10,6 +10,8 @@ namespace dlv::demo {
 
 class PlainHolder final : public ControlHolder {
 public:
+    explicit PlainHolder(std::shared_ptr<container::Recorder> recorder) : recorder_(std::move(recorder)) {}
+
     HRESULT Open(HWND window, const RECT& place) override;
     IUnknown* Control() const override { return container_ ? container_->Control() : nullptr; }
     void Move(const RECT& place) override;
@@ -18,6 +20,7 @@ public:
     void Close() override { container_.reset(); }
 
 private:
+    const std::shared_ptr<container::Recorder> recorder_;
     std::optional<container::Container> container_;
 };
 

@@ -67,6 +67,11 @@ bool ViewerSession::Done(const char* call, HRESULT result) {
     return false;
 }
 
+template <class Body>
+bool ViewerSession::Call(_DLViewer* control, const char* member, Body&& body) {
+    return Done(member, container::Ask<_DLViewer>(recorder_, control, member, body));
+}
+
 bool ViewerSession::Start(IUnknown& control, Language language, const std::string& profile) {
     firstProfile_ = profile;
     if (!Done("The control", control.QueryInterface(IID_PPV_ARGS(&control_)))) return false;
@@ -75,13 +80,15 @@ bool ViewerSession::Start(IUnknown& control, Language language, const std::strin
     const auto transport = container::Make<Transport>(language);
     IDispatch* given = transport.Get();
     Bstr languageID(LanguageCode(language));
-    return Done("Initialize", control_->Initialize(&given)) &&
-           Done("SetRegionalFormatInfo", control_->SetRegionalFormatInfo(languageID.Address())) &&
+    return Call(control_.Get(), "_DLViewer.Initialize",
+                [&](_DLViewer& viewer) { return viewer.Initialize(&given); }) &&
+           Call(control_.Get(), "_DLViewer.SetRegionalFormatInfo",
+                [&](_DLViewer& viewer) { return viewer.SetRegionalFormatInfo(languageID.Address()); }) &&
            SendUnits();
 }
 
 void ViewerSession::Listen() {
-    events_ = container::Make<container::EventSink>();
+    events_ = container::Make<container::EventSink>(recorder_);
     events_->On(kPostRequest, [this](DISPPARAMS& arguments) {
         OnPostRequest(Narrow(container::TextArgument(arguments.rgvarg[0])));
     });
@@ -101,7 +108,8 @@ bool ViewerSession::SendUnits() {
         const Bstr id(units[static_cast<std::size_t>(i)].id);
         if (!Done("SafeArrayPutElement", SafeArrayPutElement(ids.array, &i, id.Get()))) return false;
     }
-    return Done("SetSessionBUIDList", control_->SetSessionBUIDList(&ids.array));
+    return Call(control_.Get(), "_DLViewer.SetSessionBUIDList",
+                [&](_DLViewer& viewer) { return viewer.SetSessionBUIDList(&ids.array); });
 }
 
 void ViewerSession::OnPostRequest(const std::string& request) {
@@ -127,7 +135,9 @@ void ViewerSession::AnswerRequests() {
         Bstr function{std::string_view(request.function)};
         // The answer may lead to anything, the end of this session too.
         const ComPtr<_DLViewer> control = control_;
-        Done("ReceiveProfileResponse", control->ReceiveProfileResponse(result.Address(), function.Address()));
+        Call(control.Get(), "_DLViewer.ReceiveProfileResponse", [&](_DLViewer& viewer) {
+            return viewer.ReceiveProfileResponse(result.Address(), function.Address());
+        });
     }
 }
 
@@ -142,18 +152,22 @@ bool ViewerSession::Send(const std::string& document) {
         return false;
     Variant data(message.Get());
     const Variant type(LONG{0}), tag("");
-    return Done("ReceiveMessage", control->ReceiveMessage(data.Address(), *type, *tag));
+    return Call(control.Get(), "_DLViewer.ReceiveMessage",
+                [&](_DLViewer& viewer) { return viewer.ReceiveMessage(data.Address(), *type, *tag); });
 }
 
 void ViewerSession::Resize() {
-    if (ready_) Done("ResizeControls", control_->ResizeControls());
+    if (ready_)
+        Call(control_.Get(), "_DLViewer.ResizeControls",
+             [](_DLViewer& viewer) { return viewer.ResizeControls(); });
 }
 
 void ViewerSession::Stop() {
     ready_ = false;
     requests_.clear();
     const ComPtr<_DLViewer> control = std::move(control_);
-    if (control) Done("StopControl", control->StopControl());
+    if (control)
+        Call(control.Get(), "_DLViewer.StopControl", [](_DLViewer& viewer) { return viewer.StopControl(); });
     const ComPtr<container::EventSink> events = std::move(events_);
     if (events) events->Disconnect();
 }

@@ -33,9 +33,10 @@ public:
 
 class ViewerSession {
 public:
-    /// Both outlive the session.
-    ViewerSession(ProfileStore& profiles, SessionListener& listener)
-        : profiles_(profiles), listener_(listener) {}
+    /// The first two outlive the session; the recorder, if any, writes the calls and events down.
+    ViewerSession(ProfileStore& profiles, SessionListener& listener,
+                  std::shared_ptr<container::Recorder> recorder)
+        : profiles_(profiles), listener_(listener), recorder_(std::move(recorder)) {}
     ~ViewerSession() { Stop(); }
     ViewerSession(const ViewerSession&) = delete;
     ViewerSession& operator=(const ViewerSession&) = delete;
@@ -59,6 +60,9 @@ private:
     void OnPostRequest(const std::string& request);
     void OnProfileRequest(const char* event, const DLVParams& params);
     bool SendUnits();
+    /// A member of the control's own interface.
+    template <class Body>
+    bool Call(_DLViewer* control, const char* member, Body&& body);
     bool Done(const char* call, HRESULT result);
 
     struct Request {
@@ -69,6 +73,7 @@ private:
 
     ProfileStore& profiles_;
     SessionListener& listener_;
+    const std::shared_ptr<container::Recorder> recorder_;
     ComPtr<_DLViewer> control_;
     ComPtr<container::EventSink> events_;
     std::deque<Request> requests_;

@@ -36,6 +36,8 @@ HWND WindowOf(IOleWindow* object) {
 }  // namespace
 
 HRESULT Activation::ActivateInPlace() {
+    // A window that goes gives the focus to the container's, which may want to hand it straight back.
+    if (leaving_) return OLEOBJ_S_CANNOT_DOVERB_NOW;
     if (IsInPlaceActive() && window_) {
         window_->Show(Shown::Visible);
         return S_OK;
@@ -95,7 +97,7 @@ FontChoice Activation::AmbientFont() const {
 
 HRESULT Activation::ActivateUI() {
     const HRESULT inPlace = ActivateInPlace();
-    if (FAILED(inPlace)) return inPlace;
+    if (inPlace != S_OK) return inPlace;
     if (!IsUIActive()) {
         state_ = State::UIActive;
         const ComPtr<IOleInPlaceSite> site = inPlaceSite_;
@@ -137,6 +139,7 @@ void Activation::DeactivateUI() {
 void Activation::Deactivate() {
     DeactivateUI();
     if (!IsInPlaceActive()) return;
+    const Flagged leaving(leaving_);
     state_ = State::Inactive;
     RetireWindow();
     const ComPtr<IOleInPlaceFrame> frame = std::move(frame_);
@@ -147,6 +150,9 @@ void Activation::Deactivate() {
 
 void Activation::Hide() {
     DeactivateUI();
+    if (!window_) return;
+    const Flagged leaving(leaving_);
+    GiveFocusBack();
     if (window_) window_->Show(Shown::Hidden);
 }
 
@@ -218,7 +224,12 @@ void Activation::AmbientFontChanged() {
 
 void Activation::FocusLeft() { site_.TellFocus(Focus::Lost); }
 
+void Activation::GiveFocusBack() {
+    if (window_->HasFocus()) SetFocus(GetParent(window_->Handle()));
+}
+
 void Activation::RetireWindow() {
+    if (window_) GiveFocusBack();
     if (!window_) return;
     clipped_ = false;
     if (host_.Depth() <= 1) {

@@ -63,6 +63,8 @@ private:
 
     void CreateWindowIn(IOleInPlaceSite& site);
     void RetireWindow();
+    /// To the container's window: a window that is hidden or gone is to have no focus.
+    void GiveFocusBack();
     void ClipTo(const RECT& place, const RECT* clip);
     void SetActiveObject(IOleInPlaceActiveObject* object);
 
@@ -79,6 +81,7 @@ private:
     int modalDepth_ = 0;
     bool requestingSize_ = false;
     bool placing_ = false;
+    bool leaving_ = false;
     bool clipped_ = false;
     bool destroying_ = false;
     std::unique_ptr<ControlWindow> window_;

@@ -65,9 +65,10 @@ STDMETHODIMP OleObjectPart::SetHostNames(LPCOLESTR, LPCOLESTR) { return S_OK; }
 STDMETHODIMP OleObjectPart::Close(DWORD save) {
     return host_.Method(IID_IOleObject, [&] {
         const ComPtr<IOleClientSite> site = site_.Get();
-        if (save != OLECLOSE_NOSAVE && persisted_.dirty && site) site->SaveObject();
-        activation_.Deactivate();
         const ComPtr<IOleAdviseHolder> advises = advises_;
+        const bool wanted = save != OLECLOSE_NOSAVE && persisted_.dirty && site;
+        if (wanted && SUCCEEDED(site->SaveObject()) && advises) advises->SendOnSave();
+        activation_.Deactivate();
         if (advises) advises->SendOnClose();
     });
 }

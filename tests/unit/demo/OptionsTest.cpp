@@ -11,9 +11,9 @@ namespace {
 using Arguments = std::vector<std::string>;
 
 TEST(Options, AreReadFromTheCommandLine) {
-    const auto options =
-        ParseOptions(Arguments{"--width", "1366", "--language", "SP", "--pictures", "Z:\\out", "--profile",
-                               "All Units", "--seed", "4294967295", "--height", "768"});
+    const auto options = ParseOptions(Arguments{"--width", "1366", "--language", "SP", "--pictures",
+                                                "Z:\\out", "--profile", "All Units", "--seed", "4294967295",
+                                                "--height", "768", "--record-calls", "calls.txt"});
     ASSERT_TRUE(options);
     EXPECT_EQ(options->mode, Options::Mode::Pictures);
     EXPECT_EQ(options->picturesFolder, "Z:\\out");
@@ -22,6 +22,7 @@ TEST(Options, AreReadFromTheCommandLine) {
     EXPECT_EQ(options->language, Language::Spanish);
     EXPECT_EQ(options->profile, "All Units");
     EXPECT_EQ(options->seed, 4294967295u);
+    EXPECT_EQ(options->callsFile, "calls.txt");
 }
 
 class MisunderstoodOptions : public testing::TestWithParam<Arguments> {};

@@ -31,6 +31,7 @@ public:
         std::exit(3);
     }
     dlv::Answer ShowMessageBox(const dlv::MessageBox&) override { return dlv::Answer::No; }
+    void ShowProfileMenu() override {}
     void ProcessPendingMessages() override {}
 };
 

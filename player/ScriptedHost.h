@@ -52,6 +52,8 @@ public:
     void Flush() override {}
     void ShowModal(ModalForm& form) override;
     Answer ShowMessageBox(const MessageBox& box) override;
+    // What the menu holds stands in the state; choosing from it is a step of its own.
+    void ShowProfileMenu() override {}
     void ProcessPendingMessages() override {}
 
 private:

@@ -44,7 +44,7 @@ public:
     /// The answer to a Yes/No box that cannot be shown is No, which is also its default button.
     virtual Answer ShowMessageBox(const MessageBox& box) = 0;
     /// Pops up the profile menu, whose items stand in the form, at the mouse position.
-    virtual void ShowProfileMenu() {}
+    virtual void ShowProfileMenu() = 0;
     /// Lets pending window messages be processed once.
     virtual void ProcessPendingMessages() = 0;
 };

@@ -57,6 +57,7 @@ public:
         GoOut("box " + box.text);
         return answer;
     }
+    void ShowProfileMenu() override { GoOut("profile menu"); }
     void ProcessPendingMessages() override { GoOut("messages"); }
 
 private:

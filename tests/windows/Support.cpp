@@ -72,20 +72,28 @@ void HostWindow::Destroy() {
     if (window_ != nullptr) DestroyWindow(std::exchange(window_, nullptr));
 }
 
-std::size_t HostedControl::ListedUnits() const {
-    HWND list = nullptr;
+HWND HostedControl::WindowOf(const wchar_t* className) const {
+    struct Search {
+        const wchar_t* className;
+        HWND found;
+    } search{className, nullptr};
     EnumChildWindows(
         container.ControlWindow(),
         [](HWND child, LPARAM data) -> BOOL {
+            auto& wanted = *reinterpret_cast<Search*>(data);
             wchar_t name[32] = {};
             GetClassNameW(child, name, static_cast<int>(std::size(name)));
-            if (wcscmp(name, WC_LISTVIEWW) != 0) return TRUE;
-            *reinterpret_cast<HWND*>(data) = child;
+            if (wcscmp(name, wanted.className) != 0) return TRUE;
+            wanted.found = child;
             return FALSE;
         },
-        reinterpret_cast<LPARAM>(&list));
-    EXPECT_NE(list, nullptr);
-    return static_cast<std::size_t>(ListView_GetItemCount(list));
+        reinterpret_cast<LPARAM>(&search));
+    EXPECT_NE(search.found, nullptr);
+    return search.found;
+}
+
+std::size_t HostedControl::ListedUnits() const {
+    return static_cast<std::size_t>(ListView_GetItemCount(WindowOf(WC_LISTVIEWW)));
 }
 
 void PumpMessages() {

@@ -135,6 +135,8 @@ public:
     _DLViewer* Viewer() const { return viewer.Get(); }
     /// The calls of a host up to the first data message, with answers to the requests for profiles.
     void StartUp();
+    /// The first window inside the control that is of that class.
+    HWND WindowOf(const wchar_t* className) const;
     /// How many units the list on the screen holds.
     std::size_t ListedUnits() const;
 

@@ -93,6 +93,10 @@ void ControlPlatform::ShowModal(ModalForm& form) { dlv::ShowModal(host_, form, a
 
 Answer ControlPlatform::ShowMessageBox(const MessageBox& box) { return dlv::ShowMessageBox(host_, box); }
 
+void ControlPlatform::ShowProfileMenu() {
+    if (ControlWindow* window = activation_.Window()) window->ShowProfileMenu();
+}
+
 void ControlPlatform::ProcessPendingMessages() { dlv::ProcessPendingMessages(); }
 
 }  // namespace dlv

@@ -28,6 +28,7 @@ public:
     void Flush() override;
     void ShowModal(ModalForm& form) override;
     Answer ShowMessageBox(const MessageBox& box) override;
+    void ShowProfileMenu() override;
     void ProcessPendingMessages() override;
 
 private:

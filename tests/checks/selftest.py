@@ -9,14 +9,42 @@ import tempfile
 from pathlib import Path
 
 HERE = Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE.parents[1] / "api"))
+import reference  # noqa: E402
+
+IDL = """[uuid(1), helpstring("A library")]
+library DashlonViewer {
+    [uuid(2), helpstring("What it does")]
+    interface _Thing : IDispatch {
+        /// @param Index From 1.
+        [propget, id(0), helpstring("One of them")]
+        HRESULT Item([in] long Index, [out, retval] BSTR* Value);
+    }
+
+    [uuid(3), helpstring("A thing")]
+    coclass Thing {
+        [default] interface _Thing;
+    }
+}
+"""
+UNEXPLAINED = """
+    [uuid(4), helpstring("What it does not say")]
+    interface _Other : IDispatch {
+        [id(1), helpstring("Does it")]
+        HRESULT Do([in] long Index);
+    }
+"""
 CLEAN = {
     "CMakeLists.txt": "set(dlvFolders\n    src/base\n    src/model)\nlist(APPEND dlvFolders src/windows)\n",
     "src/base/Sum.h": "#pragma once\nint Sum(int a, int b);\n",
     "src/base/Sum.cpp": '#include "base/Sum.h"\n\nint Sum(int a, int b) { return a + b; }\n',
     "src/model/Unit.h": '#pragma once\n#include <string>\n\n#include "base/Sum.h"\n// never catch (anything) here\n',
+    "api/DashlonViewer.idl": IDL,
+    "docs/reference.md": reference.page(IDL),
+    "docs/start.md": "<!-- src/base/Sum.cpp -->\n```cpp\nint Sum(int a, int b) { return a + b; }\n```\n",
     "src/windows/Window.h": '#pragma once\n#include <windows.h>\n\n#include "model/Unit.h"\n',
 }
-ALL = ("layers", "catches", "lengths", "written", "formatted", "tidy")
+ALL = ("layers", "catches", "lengths", "written", "documented", "formatted", "tidy")
 
 # What is planted: file, text added at its end, the checks that must find it.
 PLANTED = (
@@ -31,6 +59,10 @@ PLANTED = (
     ("src/base/Sum.h", "// line\n" * 600, {"lengths"}),
     ("dev", "# line\n" * 351, {"lengths"}),
     ("docs/page.md", "a line  \n", {"written"}),
+    ("docs/reference.md", "More.\n", {"documented"}),
+    ("api/DashlonViewer.idl", UNEXPLAINED, {"documented"}),
+    ("docs/hosts.md", "| it adds | `Sum.OfTwo` |\n", {"documented"}),
+    ("docs/start.md", "<!-- src/base/Sum.cpp -->\n```cpp\nint Sum(int a);\n```\n", {"documented"}),
     ("tests/a.py", "if True:\n\tpass\n", {"written"}),
     ("scripts/a.sh", "no line end", {"written"}),
     ("src/base/Sum.h", "int  Wide (int a);\n", {"formatted"}),

@@ -6,7 +6,7 @@ import re
 import sys
 from pathlib import Path
 
-FOLDERS = ("src", "api", "player", "hosts", "bench", "tests", "scripts", "cmake", "packaging")
+FOLDERS = ("src", "api", "player", "dlcheck", "hosts", "bench", "tests", "scripts", "cmake", "packaging")
 CPP = (".h", ".cpp")
 
 

@@ -11,7 +11,7 @@ from pathlib import Path
 
 import sources
 
-CHECKED = ("src/", "player/")
+CHECKED = ("src/", "player/", "dlcheck/")
 # Options of GCC that clang does not know, its container checks, which would only cost time here, and its compiled
 # headers, behind which a missing include would hide.
 DROPPED = re.compile(r"\s-(fsanitize\S*|fno-sanitize\S*|Wno-restrict|Winvalid-pch|include \S*/cmake_pch\S*)")

@@ -137,6 +137,46 @@ TEST(TypeLibrary, ExplainsEveryTypeAndMember) {
     }
 }
 
+WORD FlagsOf(REFGUID id) {
+    TYPEATTR* attributes = nullptr;
+    const ComPtr<ITypeInfo> info = Describe(id);
+    EXPECT_EQ(info->GetTypeAttr(&attributes), S_OK);
+    const WORD flags = attributes->wTypeFlags;
+    info->ReleaseTypeAttr(attributes);
+    return flags;
+}
+
+TEST(TypeLibrary, ShowsClassesToPeopleAndHidesTheirInterfaces) {
+    constexpr WORD kDual = TYPEFLAG_FHIDDEN | TYPEFLAG_FDUAL | TYPEFLAG_FNONEXTENSIBLE;
+    for (const IID& id : {__uuidof(_DLViewer), __uuidof(_DLVParams), __uuidof(_QZWebMessage),
+                          __uuidof(_QZWebData), __uuidof(_QZWebTable), __uuidof(_QZWebRow),
+                          __uuidof(_QZWebProfiles), __uuidof(_QZWebProfile), __uuidof(_QZWebSection)})
+        EXPECT_EQ(FlagsOf(id) & kDual, kDual) << testing::PrintToString(NameOf(Describe(id).Get()));
+    EXPECT_NE(FlagsOf(__uuidof(__DLViewer)) & TYPEFLAG_FHIDDEN, 0);
+    for (const CLSID& id :
+         {__uuidof(::DLViewer), __uuidof(::DLVParams), __uuidof(::QZWebMessage), __uuidof(::QZWebData),
+          __uuidof(::QZWebTable), __uuidof(::QZWebProfiles), __uuidof(::QZWebProfile)})
+        EXPECT_EQ(FlagsOf(id) & (TYPEFLAG_FHIDDEN | TYPEFLAG_FCANCREATE), TYPEFLAG_FCANCREATE);
+    for (const CLSID& id : {__uuidof(::QZWebRow), __uuidof(::QZWebSection)})
+        EXPECT_EQ(FlagsOf(id) & (TYPEFLAG_FHIDDEN | TYPEFLAG_FCANCREATE), 0);
+}
+
+TEST(TypeLibrary, HasADefaultMemberWhereOneIsNatural) {
+    const struct {
+        IID id;
+        std::vector<Member> wanted;
+    } cases[] = {
+        {__uuidof(_QZWebProfiles), {{"Item", DISPID_VALUE, {"type 3", "_QZWebProfile**"}}}},
+        {__uuidof(_QZWebRow),
+         {{"_Default", DISPID_VALUE, {"BSTR", "BSTR*"}}, {"_Default", DISPID_VALUE, {"BSTR", "BSTR"}}}},
+        {__uuidof(_QZWebMessage), {}}};
+    for (const auto& test : cases) {
+        std::vector<Member> found = MembersOf(SlotsOf(test.id).Get());
+        std::erase_if(found, [](const Member& member) { return member.id != DISPID_VALUE; });
+        EXPECT_EQ(found, test.wanted);
+    }
+}
+
 TEST(TypeLibrary, CallsTheControlAControlWithItsEventsAsDefaultSource) {
     const ComPtr<ITypeInfo> info = Describe(__uuidof(::DLViewer));
     TYPEATTR* attributes = nullptr;

@@ -27,9 +27,12 @@ STDAPI DllRegisterServer() { return dlv::Register(RegisterFor::Machine); }
 
 STDAPI DllUnregisterServer() { return dlv::Unregister(RegisterFor::Machine); }
 
-/// "user" registers for this user alone, as regsvr32 /n /i:user asks for it.
+/// "user" is for this user alone, as regsvr32 /n /i:user asks for it; nothing is for the machine.
 STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
-    const bool user = commandLine != nullptr && _wcsicmp(commandLine, L"user") == 0;
-    const RegisterFor whom = user ? RegisterFor::User : RegisterFor::Machine;
+    RegisterFor whom = RegisterFor::Machine;
+    if (commandLine != nullptr && *commandLine != L'\0') {
+        if (_wcsicmp(commandLine, L"user") != 0) return E_INVALIDARG;
+        whom = RegisterFor::User;
+    }
     return install != FALSE ? dlv::Register(whom) : dlv::Unregister(whom);
 }

@@ -7,8 +7,10 @@ namespace dlv {
 
 enum class RegisterFor { Machine, User };
 
-/// Both return the first failure, but do what they can.
+/// All or nothing: with the first failure, which it returns, everything is put back as it was.
 HRESULT Register(RegisterFor whom) noexcept;
+/// Removes what Register writes and nothing else, and of that what 32- and 64-bit programs share only with
+/// the last of the two controls. Returns the first failure, but does what it can.
 HRESULT Unregister(RegisterFor whom) noexcept;
 
 }  // namespace dlv

@@ -13,6 +13,8 @@ class RowObject : public DataObject<::QZWebRow, _QZWebRow> {
 public:
     STDMETHODIMP get_Field(BSTR name, BSTR* value) override;
     STDMETHODIMP put_Field(BSTR name, BSTR value) override;
+    STDMETHODIMP get__Default(BSTR name, BSTR* value) override { return get_Field(name, value); }
+    STDMETHODIMP put__Default(BSTR name, BSTR value) override { return put_Field(name, value); }
 
 protected:
     virtual std::string Read(std::string_view name) const = 0;

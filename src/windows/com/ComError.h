@@ -1,21 +1,40 @@
-// A failed call into Windows or COM on its way out. It is thrown where a call fails and turned into the
-// entry's result by the guard of that entry; nothing in between catches it.
+// A failed call into Windows or COM on its way out. It is thrown where a call fails; inside the control's own
+// procedures it is a run-time error like any other, and where nobody traps it the guard of the entry turns it
+// into the entry's result.
 #pragma once
 
 #include "windows/com/PlainWindows.h"
 
-#include <exception>
+#include <string>
+
+#include "base/RunTimeError.h"
 
 namespace dlv {
 
-class ComError : public std::exception {
+class ComError : public RunTimeError {
 public:
-    explicit ComError(HRESULT result) noexcept : result_(result) {}
+    explicit ComError(HRESULT result) : RunTimeError(NumberFor(result), TextFor(result)), result_(result) {}
 
     HRESULT Result() const noexcept { return result_; }
-    const char* what() const noexcept override { return "A call into the system failed"; }
 
 private:
+    static std::int32_t NumberFor(HRESULT result) {
+        switch (result) {
+            case DISP_E_TYPEMISMATCH: return kErrorTypeMismatch;
+            case DISP_E_OVERFLOW: return kErrorOverflow;
+            case E_OUTOFMEMORY: return kErrorOutOfMemory;
+            default: return result;
+        }
+    }
+    static std::string TextFor(HRESULT result) {
+        switch (result) {
+            case DISP_E_TYPEMISMATCH: return "Type mismatch";
+            case DISP_E_OVERFLOW: return "Overflow";
+            case E_OUTOFMEMORY: return "Out of memory";
+            default: return "A call into the system failed";
+        }
+    }
+
     HRESULT result_;
 };
 

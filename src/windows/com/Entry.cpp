@@ -29,10 +29,10 @@ HRESULT FailWithText(HRESULT result, REFIID iid, std::string_view text) noexcept
 HRESULT GuardMethod(REFIID iid, BodyRef body) noexcept try {
     body();
     return S_OK;
-} catch (const RunTimeError& error) {
-    return FailWithText(HostResult(error.Number()), iid, error.Description());
 } catch (const ComError& error) {
     return error.Result();
+} catch (const RunTimeError& error) {
+    return FailWithText(HostResult(error.Number()), iid, error.Description());
 } catch (const ControlStopped&) {
     return S_OK;
 } catch (const std::bad_alloc&) {

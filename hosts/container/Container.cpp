@@ -97,12 +97,28 @@ void Container::Remove() {
 bool Container::TranslateKey(MSG& message) const {
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
     const ComPtr<IOleInPlaceActiveObject> active = HostFrame().ActiveObject();
-    return active && container::Ask<IOleInPlaceActiveObject>(
-                         recorder_, active.Get(),
-                         "IOleInPlaceActiveObject.TranslateAccelerator(" + KeyText(message) + ")",
-                         [&](IOleInPlaceActiveObject& object) {
-                             return object.TranslateAccelerator(&message);
-                         }) == S_OK;
+    if (active &&
+        container::Ask<IOleInPlaceActiveObject>(
+            recorder_, active.Get(), "IOleInPlaceActiveObject.TranslateAccelerator(" + KeyText(message) + ")",
+            [&](IOleInPlaceActiveObject& object) { return object.TranslateAccelerator(&message); }) == S_OK)
+        return true;
+    if (PressAccessKey(message)) return true;
+    const bool tab = active && message.message == WM_KEYDOWN && message.wParam == VK_TAB;
+    if (!tab || !tabOut_) return false;
+    return tabOut_(GetKeyState(VK_SHIFT) < 0 ? Direction::Backward : Direction::Forward);
+}
+
+// Also while the control is not the active object: its access keys lead into it.
+bool Container::PressAccessKey(MSG& message) const {
+    if (!control_ || (message.message != WM_SYSKEYDOWN && message.message != WM_SYSCHAR)) return false;
+    CONTROLINFO info{};
+    info.cb = sizeof info;
+    const HRESULT told = Ask<IOleControl>(
+        "IOleControl.GetControlInfo", [&](IOleControl& control) { return control.GetControlInfo(&info); });
+    if (FAILED(told) || info.hAccel == nullptr) return false;
+    if (!IsAccelerator(info.hAccel, info.cAccel, &message, nullptr)) return false;
+    return Ask<IOleControl>("IOleControl.OnMnemonic(" + KeyText(message) + ")",
+                            [&](IOleControl& control) { return control.OnMnemonic(&message); }) == S_OK;
 }
 
 HRESULT Container::TellAmbientChange(DISPID id) const {

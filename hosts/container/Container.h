@@ -12,6 +12,8 @@
 
 namespace dlv::container {
 
+enum class Direction { Forward, Backward };
+
 class Container {
 public:
     /// `frame` is the host's top-level window, `parent` the window that the control stands in, which may be
@@ -38,9 +40,12 @@ public:
     /// Deactivates and closes the control and lets it go. Nothing when there is none.
     void Remove();
 
-    /// To be called for every message of the host's loop before it is dispatched; true when the control has
-    /// used it up.
+    /// To be called for every message of the host's loop before it is dispatched; true when it is used up: by
+    /// the control, as one of its access keys, or by Tab leaving the control.
     bool TranslateKey(MSG& message) const;
+    /// What Tab does at the control's ends: gives the focus to what stands behind the control, or before it,
+    /// and says whether there is anything. Without it Tab goes around inside the control.
+    void SetTabOut(std::function<bool(Direction)> leave) { tabOut_ = std::move(leave); }
     /// Tells the control that an ambient property is another; DISPID_UNKNOWN stands for all.
     HRESULT TellAmbientChange(DISPID id) const;
 
@@ -55,12 +60,14 @@ private:
     HRESULT SetExtent(const RECT& place);
     template <class Interface, class Body>
     HRESULT Ask(std::string_view text, Body&& body) const;
+    bool PressAccessKey(MSG& message) const;
 
     const HWND parent_;
     const std::shared_ptr<Recorder> recorder_;
     const Surroundings surroundings_;
     ComPtr<Site> site_;
     ComPtr<IUnknown> control_;
+    std::function<bool(Direction)> tabOut_;
 };
 
 }  // namespace dlv::container

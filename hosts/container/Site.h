@@ -27,7 +27,7 @@ public:
           surroundings_(std::move(surroundings)),
           ambients_(std::move(ambients)) {}
 
-    /// Keys that the control offers before it uses them; true takes them.
+    /// Keys that the control has no use for, and offers; true takes them.
     void SetKeyFilter(std::function<bool(const MSG&)> filter) { keyFilter_ = std::move(filter); }
 
     const RECT& Place() const { return place_; }

@@ -1,6 +1,28 @@
 #include "control/Captions.h"
 
+#include "widgets/AccessKeys.h"
+
 namespace dlv {
+
+namespace {
+
+/// A key for everything that a person goes to or presses, but for the tool bar, which shows no captions.
+void ApplyAccessKeys(ViewerForm& form) {
+    CaptionControl* const controls[] = {
+        &form.lblBUName,     &form.optBU[0],     &form.optBU[1], &form.cmdView, &form.lblTechCount.heading,
+        &form.optDisplay[0], &form.optDisplay[1]};
+    std::vector<std::string> captions;
+    for (const CaptionControl* control : controls) captions.push_back(control->Caption());
+    std::vector<TabStrip::Tab> tabs = form.Tabs.Tabs();
+    for (const TabStrip::Tab& tab : tabs) captions.push_back(tab.caption);
+    const std::vector<AccessKey> keys = ChooseAccessKeys(captions);
+    std::size_t next = 0;
+    for (CaptionControl* control : controls) control->SetKey(keys[next++]);
+    for (TabStrip::Tab& tab : tabs) tab.key = keys[next++];
+    form.Tabs.SetTabs(std::move(tabs));
+}
+
+}  // namespace
 
 void ApplyCaptions(ViewerForm& form, const CaptionCatalogue& captions) {
     const auto text = [&](const char* key) { return captions.Caption(key); };
@@ -41,6 +63,7 @@ void ApplyCaptions(ViewerForm& form, const CaptionCatalogue& captions) {
     form.lblDisplayBy.SetCaption(text("DisplayBy"));
     form.optDisplay[0].SetCaption(text("WorkOrders"));
     form.optDisplay[1].SetCaption(text("Points"));
+    ApplyAccessKeys(form);
 }
 
 }  // namespace dlv

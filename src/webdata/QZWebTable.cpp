@@ -162,19 +162,17 @@ void QZWebTable::SetField(std::size_t row, std::string_view name, std::string_vi
 }
 
 void QZWebTable::Fill(std::span<const std::string> columns, std::span<const std::string> values) {
-    if (columns.empty() ? !values.empty() : values.size() % columns.size() != 0) RaiseInvalidCall();
-    TableCells cells;
-    std::vector<Column> numbers;
-    for (const std::string& name : columns) numbers.push_back(cells.Shapes().ColumnOf(name));
-    if (cells.Shapes().ColumnCount() != columns.size()) RaiseDuplicateKey();
-    std::vector<Cell> row(columns.size());
-    for (std::size_t first = 0; first < values.size(); first += columns.size()) {
-        for (std::size_t i = 0; i < row.size(); ++i) row[i] = cells.MakeCell(values[first + i]);
-        cells.AddRow(numbers, row);
-    }
-    cells_ = std::move(cells);
+    if (columns.empty() && !values.empty()) RaiseInvalidCall();
+    TableFill fill(columns);
+    for (const std::string& value : values) fill.Add(value);
+    Fill(std::move(fill));
+}
+
+void QZWebTable::Fill(TableFill fill) {
+    cells_ = fill.Take();
     textPlan_ = {};
     numberPlan_ = {};
+    keyPlan_ = {};
 }
 
 void QZWebTable::LoadText(std::string text) {
@@ -192,6 +190,7 @@ void QZWebTable::Read(XmlReader& reader, const std::shared_ptr<const std::string
     cells_ = TableCells(source);
     textPlan_ = {};
     numberPlan_ = {};
+    keyPlan_ = {};
     ReadRows(reader, *source, cells_);
 }
 

@@ -14,6 +14,7 @@
 
 #include "webdata/RowTable.h"
 #include "webdata/TableCells.h"
+#include "webdata/TableFill.h"
 
 namespace dlv {
 
@@ -46,6 +47,8 @@ public:
     /// Replaces all rows. `values` holds row after row, one value for each column (error 5 when it
     /// does not come out even); a column named twice is error 457.
     void Fill(std::span<const std::string> columns, std::span<const std::string> values);
+    /// The same from rows that were written one by one.
+    void Fill(TableFill fill);
 
     /// Replaces name and rows by those of a <WebTable> document. Error 1003 changes nothing.
     void LoadText(std::string text);

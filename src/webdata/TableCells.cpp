@@ -31,10 +31,14 @@ bool IsPlainNumber(std::string_view text, std::uint32_t& number) {
     return true;
 }
 
-TableCells::TableCells(std::shared_ptr<const std::string> source) : source_(std::move(source)) {
-    if (!source_) return;
+TableCells::TableCells(std::shared_ptr<const std::string> source) {
+    if (source) SetSource(std::move(source));
+}
+
+void TableCells::SetSource(std::shared_ptr<const std::string> source) {
+    if (source->size() >= kTextTag) RaiseOutOfMemory();
+    source_ = std::move(source);
     document_ = *source_;
-    if (document_.size() >= kTextTag) RaiseOutOfMemory();
 }
 
 std::string_view TableCells::OwnText(std::size_t at) const {

@@ -33,6 +33,9 @@ public:
     /// Without a document: an empty table to be filled. Error 7 when the document is 2 GB or more.
     explicit TableCells(std::shared_ptr<const std::string> source = nullptr);
 
+    /// Gives a table the document that its cells refer to, before any text of its own is stored.
+    void SetSource(std::shared_ptr<const std::string> source);
+
     TableShapes& Shapes() { return shapes_; }
     const TableShapes& Shapes() const { return shapes_; }
 

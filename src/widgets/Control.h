@@ -53,6 +53,11 @@ public:
     /// The control that it stands in; nothing for one that stands on the form itself.
     const Control* Container() const { return container_; }
     void SetContainer(const Control& container) { container_ = &container; }
+    /// Visible and enabled, itself and all that it stands in.
+    bool Usable() const {
+        const bool own = visible_ && enabled_;
+        return own && (container_ == nullptr || container_->Usable());
+    }
 
     /// Whether state changed since the last call: for the one who mirrors it into a window.
     bool TakeChanged() { return std::exchange(changed_, false); }

@@ -10,15 +10,23 @@
 
 namespace dlv {
 
+/// The place of a letter or digit in a caption that, pressed with Alt, leads to what the caption names;
+/// nothing when no key does.
+using AccessKey = std::optional<std::size_t>;
+
 /// A control with a caption.
 class CaptionControl : public Control {
 public:
     using Control::Control;
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption) { Assign(caption_, std::move(caption)); }
+    /// Where in the caption the letter stands that leads to the control, as a byte.
+    AccessKey Key() const { return key_; }
+    void SetKey(AccessKey key) { Assign(key_, key); }
 
 private:
     std::string caption_;
+    AccessKey key_;
 };
 
 enum class Alignment { Left, Right, Centre };
@@ -136,6 +144,7 @@ public:
     struct Tab {
         std::string caption;
         std::string toolTip;
+        AccessKey key{};
         bool operator==(const Tab&) const = default;
     };
     using Control::Control;

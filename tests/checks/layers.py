@@ -8,7 +8,7 @@ import sources
 INCLUDE = re.compile(r'\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')
 GENERATED = {"Version.h"}
 INTRINSICS = {"emmintrin.h"}  # the processor, not a platform
-WINDOWS_FOLDERS = ("src/windows/", "dlcheck/", "hosts/", "tests/windows/")
+WINDOWS_FOLDERS = ("src/windows/", "dlcheck/", "hosts/", "tests/windows/", "bench/windows/")
 WINDOWS_HEADER = re.compile(r"(windows|win[a-z]+|ole\w*|oc\w+|comm\w+|shl\w+|objbase|objidl|oaidl|unknwn|atl\w+"
                             r"|activscp|dispex|gdiplus\w*|uxtheme|initguid|wrl/.*)(\.h)?", re.IGNORECASE)
 

@@ -51,41 +51,6 @@ TEST(DataObjects, AMessageIsBuiltAndReadBackFromItsText) {
     EXPECT_EQ(Field(row.Get(), L"BUID"), L"a \"b\" <c>\n\x00E9\x4E2D");
 }
 
-TEST(DataObjects, ATableIsFilledFromATwoDimensionalArray) {
-    SAFEARRAYBOUND bounds[2] = {{3, 1}, {2, 0}};  // rows 1 to 3, columns 0 to 1
-    SAFEARRAY* values = SafeArrayCreate(VT_VARIANT, 2, bounds);
-    for (LONG row = 1; row <= 3; ++row)
-        for (LONG column = 0; column < 2; ++column) {
-            LONG place[2] = {row, column};
-            _variant_t value = column == 0 ? _variant_t(row * 10) : _variant_t(L"name");
-            if (row == 3 && column == 1) value = _variant_t(1.5);
-            SafeArrayPutElement(values, place, &value);
-        }
-    TextArray names{L"id", L"name"};
-    _variant_t columns;
-    columns.vt = VT_ARRAY | VT_BSTR;
-    SafeArrayCopy(names.Get(), &columns.parray);
-    _variant_t array;
-    array.vt = VT_ARRAY | VT_VARIANT;
-    array.parray = values;
-
-    const ComPtr<_QZWebTable> table = New<_QZWebTable>(L"QZWebTable");
-    ASSERT_EQ(table->put_Name(_bstr_t(L"T")), S_OK);
-    ASSERT_EQ(table->Fill(columns, array), S_OK);
-    const wchar_t* const wanted[3][2] = {{L"10", L"name"}, {L"20", L"name"}, {L"30", L"1.5"}};
-    for (LONG i = 0; i < 3; ++i) {
-        ComPtr<_QZWebRow> row;
-        ASSERT_EQ(table->get_Row(i + 1, &row), S_OK);
-        EXPECT_EQ(Field(row.Get(), L"id"), wanted[i][0]);
-        EXPECT_EQ(Field(row.Get(), L"name"), wanted[i][1]);
-    }
-    // Three columns do not fit the two of the array.
-    TextArray more{L"a", L"b", L"c"};
-    SafeArrayCopy(more.Get(), &columns.parray);
-    EXPECT_EQ(table->Fill(columns, array), RunTimeErrorResult(5));
-    EXPECT_EQ(table->Fill(columns, _variant_t(1L)), DISP_E_TYPEMISMATCH);
-}
-
 TEST(DataObjects, ProfilesAreBuiltAndReadBackFromTheirText) {
     const ComPtr<_QZWebProfiles> profiles = New<_QZWebProfiles>(L"QZWebProfiles");
     ComPtr<_QZWebProfile> profile;

@@ -71,6 +71,8 @@ STDMETHODIMP ScriptObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DI
 
 STDMETHODIMP ScriptObject::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT* result,
                                   EXCEPINFO* exception, UINT*) {
+    // Its default member, for one, it has not.
+    if (id < 1 || static_cast<std::size_t>(id) > members_.size()) return DISP_E_MEMBERNOTFOUND;
     auto& [name, body] = members_.at(static_cast<std::size_t>(id - 1));
     ++calls_[name];
     std::vector<_variant_t> arguments;

@@ -156,10 +156,10 @@ ComPtr<_QZWebMessage> BrokenMessage() {
     return message;
 }
 
-HostedControl::HostedControl()
+HostedControl::HostedControl(std::shared_ptr<container::Recorder> recorder)
     : sink(container::Make<EventSink>()),
       viewer(As<_DLViewer>(ControlLibrary().Create(kControl).Get())),
-      container(window.Handle(), window.Handle(), kPlace) {
+      container(window.Handle(), window.Handle(), kPlace, {}, std::move(recorder)) {
     EXPECT_EQ(sink->Connect(viewer.Get(), __uuidof(__DLViewer)), S_OK);
     EXPECT_EQ(container.Insert(viewer.Get()), S_OK);
     EXPECT_EQ(container.Activate(), S_OK);

@@ -9,8 +9,11 @@
 #include <ole2.h>
 
 #include <chrono>
+#include <functional>
 #include <initializer_list>
 #include <memory>
+#include <ostream>
+#include <streambuf>
 #include <string>
 #include <vector>
 
@@ -123,10 +126,30 @@ extern const wchar_t kSampleMessage[];
 /// A message that the control cannot load: it lacks a table.
 ComPtr<_QZWebMessage> BrokenMessage();
 
+/// Is told of every call between a container and its control while it is made.
+class CallListener : private std::streambuf {
+public:
+    /// `heard` gets the call's name as the recorder writes it.
+    explicit CallListener(std::function<void(std::string_view call)> heard)
+        : heard_(std::move(heard)), out_(this), recorder_(std::make_shared<container::Recorder>(out_)) {}
+    const std::shared_ptr<container::Recorder>& Recorder() const { return recorder_; }
+
+private:
+    std::streamsize xsputn(const char* text, std::streamsize count) override {
+        heard_({text, static_cast<std::size_t>(count)});
+        return count;
+    }
+    int_type overflow(int_type character) override { return character; }
+
+    std::function<void(std::string_view)> heard_;
+    std::ostream out_;
+    std::shared_ptr<container::Recorder> recorder_;
+};
+
 /// A control that is active in a container, with a sink for its events; not yet initialized.
 class HostedControl {
 public:
-    HostedControl();
+    explicit HostedControl(std::shared_ptr<container::Recorder> recorder = {});
     /// A sink and a control hold each other until they are disconnected.
     ~HostedControl() { sink->Disconnect(); }
     HostedControl(const HostedControl&) = delete;

@@ -11,8 +11,6 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
-constexpr wchar_t kNameInFrame[] = L"Dashlon Viewer";
-
 /// Sets a flag for as long as it lives.
 class Flagged {
 public:
@@ -71,33 +69,19 @@ void Activation::CreateWindowIn(IOleInPlaceSite& site) {
     Check(site.GetWindowContext(&frame_, &document_, &place, &clip, &info));
     if (info.haccel != nullptr) DestroyAcceleratorTable(std::exchange(info.haccel, nullptr));
     extent_.SetPixels(SizeOf(place), Dpi());
-    window_ = std::make_unique<ControlWindow>(host_, AmbientFont());
+    window_ = std::make_unique<ControlWindow>(host_, ambience_.Look());
     window_->Create(parent, place);
+    FollowAmbience();
     ClipTo(place, &clip);
     host_.Viewer().UserControl_Resize();
     window_->Flush();
     window_->Show(Shown::Visible);
 }
 
-FontChoice Activation::AmbientFont() const {
-    FontChoice choice = DefaultFont();
-    const std::optional<Variant> ambient = site_.Ambient(DISPID_AMBIENT_FONT);
-    if (!ambient || ((*ambient)->vt != VT_DISPATCH && (*ambient)->vt != VT_UNKNOWN)) return choice;
-    ComPtr<IFont> font;
-    if ((*ambient)->punkVal == nullptr || FAILED((*ambient)->punkVal->QueryInterface(IID_PPV_ARGS(&font))))
-        return choice;
-    Bstr face;
-    CY size{};
-    if (SUCCEEDED(font->get_Name(face.Address())) && !face.View().empty()) choice.face = face.View();
-    // Currency counts ten-thousandths.
-    if (SUCCEEDED(font->get_Size(&size)) && size.int64 > 0)
-        choice.points = static_cast<double>(size.int64) / 10000;
-    return choice;
-}
-
 HRESULT Activation::ActivateUI() {
     const HRESULT inPlace = ActivateInPlace();
     if (inPlace != S_OK) return inPlace;
+    if (!ambience_.IsLive()) return OLEOBJ_S_CANNOT_DOVERB_NOW;
     if (!IsUIActive()) {
         state_ = State::UIActive;
         const ComPtr<IOleInPlaceSite> site = inPlaceSite_;
@@ -116,7 +100,8 @@ HRESULT Activation::ActivateUI() {
 void Activation::SetActiveObject(IOleInPlaceActiveObject* object) {
     const ComPtr<IOleInPlaceFrame> frame = frame_;
     const ComPtr<IOleInPlaceUIWindow> document = document_;
-    const wchar_t* name = object == nullptr ? nullptr : kNameInFrame;
+    const std::wstring displayName = ambience_.DisplayName();
+    const wchar_t* name = object == nullptr ? nullptr : displayName.c_str();
     // No tools of ours go into the container's borders.
     if (frame) {
         frame->SetActiveObject(object, name);
@@ -218,8 +203,22 @@ void Activation::FocusEntered() {
     if (IsInPlaceActive() && window_) ActivateUI();
 }
 
-void Activation::AmbientFontChanged() {
-    if (window_) window_->SetFont(AmbientFont());
+void Activation::FollowAmbience() {
+    window_->SetAppearance(ambience_.Look());
+    window_->SetName(ambience_.DisplayName());
+    window_->SetLive(ambience_.IsLive() ? Live::Yes : Live::No);
+}
+
+void Activation::AmbienceChanged() {
+    if (!ambience_.IsLive()) DeactivateUI();
+    if (window_) FollowAmbience();
+}
+
+void Activation::DocumentActivated(bool active) {
+    const ComPtr<IOleInPlaceFrame> frame = frame_;
+    if (!active || !IsUIActive() || !frame) return;
+    frame->SetActiveObject(&active_, ambience_.DisplayName().c_str());
+    frame->SetBorderSpace(nullptr);
 }
 
 void Activation::FocusLeft() { site_.TellFocus(Focus::Lost); }

@@ -10,6 +10,7 @@
 #include <memory>
 #include <vector>
 
+#include "windows/com/Ambience.h"
 #include "windows/com/ClientSite.h"
 #include "windows/com/Extent.h"
 #include "windows/com/WindowHost.h"
@@ -20,8 +21,9 @@ namespace dlv {
 class Activation {
 public:
     /// `active` is what frames get as their active object.
-    Activation(WindowHost& host, ClientSite& site, Extent& extent, IOleInPlaceActiveObject& active)
-        : host_(host), site_(site), extent_(extent), active_(active) {}
+    Activation(WindowHost& host, ClientSite& site, const Ambience& ambience, Extent& extent,
+               IOleInPlaceActiveObject& active)
+        : host_(host), site_(site), ambience_(ambience), extent_(extent), active_(active) {}
 
     bool IsInPlaceActive() const { return state_ != State::Inactive; }
     bool IsUIActive() const { return state_ == State::UIActive; }
@@ -48,9 +50,10 @@ public:
     void FocusEntered();
     void FocusLeft();
 
-    /// The container's ambient font, else the default.
-    FontChoice AmbientFont() const;
-    void AmbientFontChanged();
+    /// The ambient properties are others now.
+    void AmbienceChanged();
+    /// The container's document window became the active one, or another did.
+    void DocumentActivated(bool active);
 
     enum class Loss { Own, FromOutside };
     /// The window is going down; says whether somebody else had it destroyed.
@@ -67,9 +70,11 @@ private:
     void GiveFocusBack();
     void ClipTo(const RECT& place, const RECT* clip);
     void SetActiveObject(IOleInPlaceActiveObject* object);
+    void FollowAmbience();
 
     WindowHost& host_;
     ClientSite& site_;
+    const Ambience& ambience_;
     Extent& extent_;
     IOleInPlaceActiveObject& active_;
 

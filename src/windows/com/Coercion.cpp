@@ -3,8 +3,7 @@
 #include <oleauto.h>
 #include <wrl/client.h>
 
-#include <memory>
-
+#include "windows/com/Arrays.h"
 #include "windows/com/ComError.h"
 #include "windows/com/Entry.h"
 
@@ -14,87 +13,25 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
-// Script array objects longer than this are taken for a mistake.
-constexpr LONG kLongestScriptArray = 10'000'000;
-
-struct SafeArrayDeleter {
-    void operator()(SAFEARRAY* array) const { SafeArrayDestroy(array); }
-};
-using OwnedArray = std::unique_ptr<SAFEARRAY, SafeArrayDeleter>;
-
-OwnedArray NewTextArray(LONG lower, ULONG count) {
-    OwnedArray made(SafeArrayCreateVector(VT_BSTR, lower, count));
-    if (!made) throw ComError(E_OUTOFMEMORY);
-    return made;
+HRESULT Change(const VARIANT& value, VARTYPE type, Variant& changed) {
+    Variant plain;
+    const HRESULT found = Dereference(value, plain);
+    if (FAILED(found)) return found;
+    if (plain->vt == type) {
+        changed = std::move(plain);
+        return S_OK;
+    }
+    const HRESULT result =
+        VariantChangeTypeEx(changed.Address(), plain.Address(), LOCALE_INVARIANT, VARIANT_ALPHABOOL, type);
+    if (result == DISP_E_OVERFLOW || result == E_OUTOFMEMORY) return result;
+    // Objects without a value of their own fail in as many ways as there are objects.
+    return FAILED(result) ? DISP_E_TYPEMISMATCH : S_OK;
 }
 
 Variant Changed(const VARIANT& value, VARTYPE type) {
-    Variant plain;
-    Check(Dereference(value, plain));
-    if (plain->vt == type) return plain;
     Variant changed;
-    const HRESULT result =
-        VariantChangeTypeEx(changed.Address(), plain.Address(), LOCALE_INVARIANT, VARIANT_ALPHABOOL, type);
-    if (result == DISP_E_OVERFLOW || result == E_OUTOFMEMORY) throw ComError(result);
-    // Objects without a value of their own fail in as many ways as there are objects.
-    if (FAILED(result)) throw ComError(DISP_E_TYPEMISMATCH);
+    Check(Change(value, type, changed));
     return changed;
-}
-
-void PutText(SAFEARRAY& array, LONG index, const VARIANT& value) {
-    Check(SafeArrayPutElement(&array, &index, Changed(value, VT_BSTR)->bstrVal));
-}
-
-/// The element as a VARIANT, whatever the array's element type.
-Variant ElementOf(SAFEARRAY& array, VARTYPE elementType, LONG index) {
-    Variant element;
-    if (elementType == VT_VARIANT) {
-        Check(SafeArrayGetElement(&array, &index, element.Address()));
-    } else {
-        Check(SafeArrayGetElement(&array, &index, &element->bstrVal));
-        element->vt = elementType;
-    }
-    return element;
-}
-
-/// A one-dimensional array of any elements as an array of texts with the same bounds.
-OwnedArray TextsOfArray(SAFEARRAY& array) {
-    if (SafeArrayGetDim(&array) != 1) throw ComError(DISP_E_TYPEMISMATCH);
-    VARTYPE elementType = VT_EMPTY;
-    Check(SafeArrayGetVartype(&array, &elementType));
-    LONG lower = 0;
-    LONG upper = 0;
-    Check(SafeArrayGetLBound(&array, 1, &lower));
-    Check(SafeArrayGetUBound(&array, 1, &upper));
-    OwnedArray texts = NewTextArray(lower, static_cast<ULONG>(upper - lower + 1));
-    for (LONG i = lower; i <= upper; ++i) PutText(*texts, i, *ElementOf(array, elementType, i));
-    return texts;
-}
-
-HRESULT PropertyOf(IDispatch& object, const wchar_t* name, Variant& value) {
-    DISPID id = DISPID_UNKNOWN;
-    auto* text = const_cast<LPOLESTR>(name);
-    const HRESULT found = object.GetIDsOfNames(IID_NULL, &text, 1, LOCALE_USER_DEFAULT, &id);
-    if (FAILED(found)) return found;
-    DISPPARAMS none{};
-    return object.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, value.Address(),
-                         nullptr, nullptr);
-}
-
-/// A script engine's array object, which is an object with a `length` and members named by their indices.
-OwnedArray TextsOfObject(IDispatch& object) {
-    Variant length;
-    if (FAILED(PropertyOf(object, L"length", length))) throw ComError(DISP_E_TYPEMISMATCH);
-    const LONG count = Changed(*length, VT_I4)->lVal;
-    if (count < 0 || count > kLongestScriptArray) throw ComError(DISP_E_OVERFLOW);
-    OwnedArray texts = NewTextArray(0, static_cast<ULONG>(count));
-    for (LONG i = 0; i < count; ++i) {
-        Variant element;
-        if (FAILED(PropertyOf(object, std::to_wstring(i).c_str(), element)))
-            throw ComError(DISP_E_TYPEMISMATCH);
-        PutText(*texts, i, *element);
-    }
-    return texts;
 }
 
 /// Nothing, or an object; never the default property of one.
@@ -113,39 +50,30 @@ Variant Converted(const VARIANT& value, VARTYPE type) {
     switch (type) {
         case VT_DISPATCH: return Object(value);
         case VT_ARRAY | VT_BSTR: return TextArray(value);
-        case VT_VARIANT: {
-            Variant plain;
-            Check(Dereference(value, plain));
-            return plain;
-        }
         default: return Changed(value, type);
     }
 }
 
-}  // namespace
-
-Variant TextArray(const VARIANT& value) {
-    Variant plain;
-    Check(Dereference(value, plain));
-    if (plain->vt == (VT_ARRAY | VT_BSTR)) return plain;
-    OwnedArray texts;
-    if ((plain->vt & VT_ARRAY) != 0 && plain->parray != nullptr) {
-        texts = TextsOfArray(*plain->parray);
-    } else if (plain->vt == VT_DISPATCH && plain->pdispVal != nullptr) {
-        texts = TextsOfObject(*plain->pdispVal);
-    } else {
-        throw ComError(DISP_E_TYPEMISMATCH);
-    }
-    Variant made;
-    made->vt = VT_ARRAY | VT_BSTR;
-    made->parray = texts.release();
-    return made;
+/// How callers say that they give no value for a parameter.
+bool IsLeftOut(const VARIANT& argument) {
+    const VARIANT& plain = argument.vt == (VT_BYREF | VT_VARIANT) ? *argument.pvarVal : argument;
+    return plain.vt == VT_ERROR && plain.scode == DISP_E_PARAMNOTFOUND;
 }
+
+}  // namespace
 
 HRESULT CoerceArgument(VARIANT& argument, VARTYPE type, Variant& kept, VARIANT& typed) {
     VariantInit(&typed);
-    if (argument.vt == type && type != VT_VARIANT) {
+    const bool nowhere = (argument.vt & VT_BYREF) != 0 && argument.byref == nullptr;
+    if (nowhere) return DISP_E_TYPEMISMATCH;
+    if (IsLeftOut(argument)) return DISP_E_PARAMNOTOPTIONAL;
+    if (argument.vt == type) {
         typed = argument;
+        return S_OK;
+    }
+    // What a variable holds is lent, not copied: it may be a large array.
+    if (type == VT_VARIANT) {
+        typed = argument.vt == (VT_BYREF | VT_VARIANT) ? *argument.pvarVal : argument;
         return S_OK;
     }
     const VARTYPE target = static_cast<VARTYPE>(type & ~VT_BYREF);
@@ -163,6 +91,14 @@ HRESULT CoerceArgument(VARIANT& argument, VARTYPE type, Variant& kept, VARIANT& 
         typed.byref = &kept->bstrVal;
     }
     return S_OK;
+}
+
+bool ReadText(const VARIANT& value, std::string& text) {
+    Variant changed;
+    const HRESULT result = Change(value, VT_BSTR, changed);
+    if (result == E_OUTOFMEMORY) throw ComError(result);
+    if (SUCCEEDED(result)) text = Narrow(changed->bstrVal);
+    return SUCCEEDED(result);
 }
 
 std::string TextOf(const VARIANT& value) { return Narrow(Changed(value, VT_BSTR)->bstrVal); }

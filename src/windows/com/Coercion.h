@@ -11,17 +11,16 @@
 namespace dlv {
 
 /// `typed` is what the member gets, `kept` holds it as long as the call lasts. An argument that has the very
-/// type is passed as it is; a by-reference parameter of another type gets a reference to a copy in `kept`,
-/// as our members never change what they are given.
+/// type is passed as it is, and so is any for a VARIANT; one that is left out is DISP_E_PARAMNOTOPTIONAL. A
+/// by-reference parameter of another type gets a reference to a copy in `kept`, as our members never change
+/// what they are given.
 HRESULT CoerceArgument(VARIANT& argument, VARTYPE type, Variant& kept, VARIANT& typed);
 
 /// The value as text or number, by the system's rules; Null has none. Throws ComError.
 std::string TextOf(const VARIANT& value);
 LONG LongOf(const VARIANT& value);
-
-/// Anything that a script passes as a one-dimensional array, as an array of texts with its bounds: arrays of
-/// any elements, and the array objects of script engines. Throws ComError.
-Variant TextArray(const VARIANT& value);
+/// The same into `text`; false, and no change, for a value that has none.
+bool ReadText(const VARIANT& value, std::string& text);
 
 /// The value behind any references.
 HRESULT Dereference(const VARIANT& value, Variant& plain);

@@ -16,15 +16,17 @@ STDMETHODIMP ConnectionPoint::QueryInterface(REFIID iid, void** object) {
 
 STDMETHODIMP ConnectionPoint::GetConnectionInterface(IID* iid) {
     if (iid == nullptr) return E_POINTER;
-    *iid = iid_;
-    return S_OK;
+    *iid = IID_NULL;
+    return guard_.Method(IID_IConnectionPoint, [&] { *iid = iid_; });
 }
 
 STDMETHODIMP ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer** container) {
     if (container == nullptr) return E_POINTER;
-    *container = &container_;
-    container_.AddRef();
-    return S_OK;
+    *container = nullptr;
+    return guard_.Method(IID_IConnectionPoint, [&] {
+        *container = &container_;
+        container_.AddRef();
+    });
 }
 
 STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
@@ -36,8 +38,11 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
         if (FAILED(answer) && sinks_ == Sinks::AnyDispatch)
             answer =
                 sink->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(connection.sink.GetAddressOf()));
-        if (FAILED(answer)) return CONNECT_E_CANNOTCONNECT;
-        connection.cookie = ++lastCookie_;
+        if (FAILED(answer) || !connection.sink) return CONNECT_E_CANNOTCONNECT;
+        if (connections_.size() >= kMostSinks) return CONNECT_E_ADVISELIMIT;
+        do ++lastCookie_;
+        while (lastCookie_ == 0 || IsConnected(lastCookie_));
+        connection.cookie = lastCookie_;
         connections_.push_back(connection);
         *cookie = connection.cookie;
         return S_OK;

@@ -23,6 +23,9 @@ public:
     ConnectionPoint(IConnectionPointContainer& container, MethodGuard& guard, REFIID iid, Sinks sinks)
         : container_(container), guard_(guard), iid_(iid), sinks_(sinks) {}
 
+    /// More sinks than this are a host that forgets to unadvise.
+    static constexpr std::size_t kMostSinks = 1000;
+
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
     STDMETHODIMP_(ULONG) AddRef() override { return container_.AddRef(); }
     STDMETHODIMP_(ULONG) Release() override { return container_.Release(); }
@@ -37,7 +40,6 @@ public:
     /// The sinks of this moment. One that is taken off while the others are being called is not to be called.
     std::vector<Connection> Connections() const { return connections_; }
     bool IsConnected(DWORD cookie) const;
-    void DropAll() { std::exchange(connections_, {}); }
 
 private:
     IConnectionPointContainer& container_;

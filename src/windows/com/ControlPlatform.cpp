@@ -7,10 +7,10 @@ namespace dlv {
 
 namespace {
 
-std::wstring LocaleText(LCTYPE type) {
+std::wstring LocaleText(LCID locale, LCTYPE type) {
     constexpr int kLongest = 80;  // as the system documents it for these types
     wchar_t text[kLongest] = {};
-    const int length = GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, type, text, kLongest);
+    const int length = GetLocaleInfoW(locale, type, text, kLongest);
     return length > 0 ? std::wstring(text, static_cast<std::size_t>(length) - 1) : std::wstring();
 }
 
@@ -52,8 +52,8 @@ TimeOfDay ControlPlatform::Now() {
 
 LocaleTime ControlPlatform::TimeSettings() {
     LocaleTime settings;
-    const std::string separator = Narrow(LocaleText(LOCALE_STIME));
-    const std::string format = TimeFormatOf(LocaleText(LOCALE_STIMEFORMAT));
+    const std::string separator = Narrow(LocaleText(ambience_.Locale(), LOCALE_STIME));
+    const std::string format = TimeFormatOf(LocaleText(ambience_.Locale(), LOCALE_STIMEFORMAT));
     if (!separator.empty()) settings.separator = separator;
     if (!format.empty()) settings.format = format;
     return settings;
@@ -78,7 +78,7 @@ double ControlPlatform::SurfaceHeight() {
 }
 
 double ControlPlatform::TextWidth(std::string_view text, bool bold) {
-    const FontChoice choice = activation_.AmbientFont();
+    const FontChoice choice = ambience_.Look().Font();
     const Scale scale(activation_.Dpi());
     if (!measuring_ || measuring_->dpi != scale.Dpi() || measuring_->choice != choice)
         measuring_.emplace(Measuring{choice, scale.Dpi(), Fonts(choice, scale)});
@@ -89,7 +89,7 @@ void ControlPlatform::Flush() {
     if (ControlWindow* window = activation_.Window()) window->Flush();
 }
 
-void ControlPlatform::ShowModal(ModalForm& form) { dlv::ShowModal(host_, form, activation_.AmbientFont()); }
+void ControlPlatform::ShowModal(ModalForm& form) { dlv::ShowModal(host_, form, ambience_.Look().Font()); }
 
 Answer ControlPlatform::ShowMessageBox(const MessageBox& box) { return dlv::ShowMessageBox(host_, box); }
 

@@ -16,8 +16,8 @@ namespace dlv {
 class ControlPlatform final : public Platform {
 public:
     /// `activation` is made after the platform, which refers to it only when it is asked something.
-    ControlPlatform(WindowHost& host, const Extent& extent, Activation& activation)
-        : host_(host), extent_(extent), activation_(activation) {}
+    ControlPlatform(WindowHost& host, const Extent& extent, const Ambience& ambience, Activation& activation)
+        : host_(host), extent_(extent), ambience_(ambience), activation_(activation) {}
 
     TimeOfDay Now() override;
     LocaleTime TimeSettings() override;
@@ -41,6 +41,7 @@ private:
 
     WindowHost& host_;
     const Extent& extent_;
+    const Ambience& ambience_;
     Activation& activation_;
     std::optional<Measuring> measuring_;
 };

@@ -29,15 +29,16 @@ HostObject TakeHostObject(const VARIANT& value) {
 }  // namespace
 
 DLViewerControl::DLViewerControl()
-    : events_(*static_cast<_DLViewer*>(this), *this),
-      platform_(*this, extent_, activation_),
+    : events_(*static_cast<_DLViewer*>(this), *this, ambience_),
+      platform_(*this, extent_, ambience_, activation_),
       viewer_(platform_, events_),
       activeObject_(*static_cast<_DLViewer*>(this), *this, activation_, site_),
-      activation_(*this, site_, extent_, activeObject_),
-      oleObject_(*static_cast<_DLViewer*>(this), *this, site_, extent_, activation_, persisted_),
+      activation_(*this, site_, ambience_, extent_, activeObject_),
+      view_(*static_cast<_DLViewer*>(this), *this, extent_, ambience_, activation_),
+      oleObject_(*static_cast<_DLViewer*>(this), *this, site_, ambience_, extent_, activation_, view_,
+                 persisted_),
       inPlaceObject_(*static_cast<_DLViewer*>(this), *this, activation_),
-      oleControl_(*static_cast<_DLViewer*>(this), *this, activation_, events_),
-      view_(*static_cast<_DLViewer*>(this), *this, extent_, activation_),
+      oleControl_(*static_cast<_DLViewer*>(this), *this, site_, ambience_, activation_, events_, view_),
       saved_(*this, extent_, persisted_),
       persistStream_(*static_cast<_DLViewer*>(this), saved_),
       persistStorage_(*static_cast<_DLViewer*>(this), saved_),
@@ -136,6 +137,7 @@ void DLViewerControl::BringUpToDate() {
 }
 
 void DLViewerControl::AtRest() {
+    oleControl_.TellKeyChanges();
     activation_.DropRetiredWindows();
     if (viewer_.Stopped() && transport_) std::exchange(transport_, nullptr)->LetGo();
 }

@@ -40,7 +40,9 @@ public:
     void SetContainerModeless(Modeless state) override { activation_.SetContainerModeless(state); }
     void FocusEntered() override { activation_.FocusEntered(); }
     void FocusLeft() override { activation_.FocusLeft(); }
-    bool OfferKeyToContainer(MSG& message) override { return site_.TranslateKey(message); }
+    bool OfferKeyToContainer(MSG& message) override {
+        return !activeObject_.WasOffered(message) && site_.TranslateKey(message);
+    }
     void WindowDestroyed() override;
     void ContainerGone() override;
 
@@ -55,6 +57,7 @@ private:
     // The order matters: what stands above is used by what stands below for as long as that lives.
     Persisted persisted_;
     ClientSite site_;
+    Ambience ambience_{site_};
     Extent extent_;
     EventSource events_;
     ControlPlatform platform_;
@@ -62,10 +65,10 @@ private:
     ActiveObjectPart activeObject_;
     Activation activation_;
 
+    ViewPart view_;
     OleObjectPart oleObject_;
     InPlaceObjectPart inPlaceObject_;
     OleControlPart oleControl_;
-    ViewPart view_;
     SavedState saved_;
     PersistStreamPart persistStream_;
     PersistStoragePart persistStorage_;

@@ -2,6 +2,7 @@
 
 #include <oleauto.h>
 
+#include <algorithm>
 #include <map>
 #include <mutex>
 
@@ -117,6 +118,7 @@ DispatchTable::Member DispatchTable::ReadMember(ITypeInfo& info, const FUNCDESC&
 HRESULT DispatchTable::IdsOfNames(LPOLESTR* names, UINT count, DISPID* ids) const {
     for (UINT i = 0; i < count; ++i) ids[i] = DISPID_UNKNOWN;
     if (count == 0) return S_OK;
+    if (std::find(names, names + count, nullptr) != names + count) return E_POINTER;
     const Member* member = nullptr;
     for (const Member& candidate : members_)
         if (SameName(candidate.name, names[0]) &&
@@ -147,8 +149,11 @@ const DispatchTable::Member* DispatchTable::Find(DISPID id, WORD flags, bool& kn
 
 /// One call in the making: arguments in the order of the parameters, and what keeps their temporaries.
 struct DispatchTable::Call {
-    Call(const Member& called, DISPPARAMS& given)
-        : member(called), arguments(given), indices(called.parameters.size(), kMissing) {}
+    Call(const Member& called, WORD flags, DISPPARAMS& given)
+        : member(called),
+          puts((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0),
+          arguments(given),
+          indices(called.parameters.size(), kMissing) {}
 
     static constexpr UINT kMissing = static_cast<UINT>(-1);
 
@@ -156,10 +161,13 @@ struct DispatchTable::Call {
     /// before.
     HRESULT Arrange(UINT* wrongArgument) {
         const auto count = static_cast<UINT>(indices.size());
+        if ((arguments.cArgs > 0 && arguments.rgvarg == nullptr) ||
+            (arguments.cNamedArgs > 0 && arguments.rgdispidNamedArgs == nullptr))
+            return E_INVALIDARG;
         if (arguments.cArgs != count || arguments.cNamedArgs > arguments.cArgs) return DISP_E_BADPARAMCOUNT;
         for (UINT i = 0; i < arguments.cNamedArgs; ++i) {
             const DISPID name = arguments.rgdispidNamedArgs[i];
-            const UINT place = name == DISPID_PROPERTYPUT ? count - 1 : static_cast<UINT>(name);
+            const UINT place = name == DISPID_PROPERTYPUT && puts ? count - 1 : static_cast<UINT>(name);
             if (place >= count || indices[place] != kMissing) {
                 if (wrongArgument != nullptr) *wrongArgument = i;
                 return DISP_E_PARAMNOTFOUND;
@@ -214,6 +222,7 @@ struct DispatchTable::Call {
     }
 
     const Member& member;
+    const bool puts;
     DISPPARAMS& arguments;
     std::vector<UINT> indices;
     std::vector<Variant> temporaries;
@@ -226,7 +235,7 @@ HRESULT DispatchTable::Invoke(void* object, DISPID id, WORD flags, DISPPARAMS& a
     bool known = false;
     const Member* member = Find(id, flags, known);
     if (member == nullptr) return DISP_E_MEMBERNOTFOUND;
-    Call call(*member, arguments);
+    Call call(*member, flags, arguments);
     HRESULT arranged = call.Arrange(wrongArgument);
     if (SUCCEEDED(arranged)) arranged = call.Coerce(wrongArgument);
     return FAILED(arranged) ? arranged : call.Make(object, result, exception);

@@ -24,8 +24,8 @@ class DualObject : public ComObject<Implements<Interface, IDispatch>, Implements
 public:
     STDMETHODIMP GetTypeInfoCount(UINT* count) override {
         if (count == nullptr) return E_POINTER;
-        *count = 1;
-        return S_OK;
+        *count = 0;
+        return Own([&] { *count = 1; });
     }
 
     STDMETHODIMP GetTypeInfo(UINT index, LCID /*locale*/, ITypeInfo** info) override {
@@ -55,7 +55,7 @@ public:
     }
 
     STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) override {
-        return InlineIsEqualGUID(iid, __uuidof(Interface)) ? S_OK : S_FALSE;
+        return Own([&] { return InlineIsEqualGUID(iid, __uuidof(Interface)) ? S_OK : S_FALSE; });
     }
 
     STDMETHODIMP GetClassInfo(ITypeInfo** info) override {
@@ -68,12 +68,14 @@ public:
         if (guid == nullptr) return E_POINTER;
         *guid = GUID_NULL;
         if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
-        if constexpr (std::is_void_v<Source>) {
-            return E_UNEXPECTED;
-        } else {
-            *guid = __uuidof(Source);
-            return S_OK;
-        }
+        return Own([&] {
+            if constexpr (std::is_void_v<Source>) {
+                return E_UNEXPECTED;
+            } else {
+                *guid = __uuidof(Source);
+                return S_OK;
+            }
+        });
     }
 
 protected:

@@ -45,6 +45,7 @@ public:
 
     STDMETHODIMP Next(ULONG count, Out* out, ULONG* fetched) override {
         if (out == nullptr || (fetched == nullptr && count != 1)) return E_POINTER;
+        if (!OnOwnThread()) return RPC_E_WRONG_THREAD;
         const auto given = static_cast<ULONG>(std::min<std::size_t>(count, items_.size() - next_));
         for (ULONG i = 0; i < given; ++i) CopyOut(items_[next_++], out[i]);
         if (fetched != nullptr) *fetched = given;
@@ -52,12 +53,14 @@ public:
     }
 
     STDMETHODIMP Skip(ULONG count) override {
+        if (!OnOwnThread()) return RPC_E_WRONG_THREAD;
         const std::size_t skipped = std::min<std::size_t>(count, items_.size() - next_);
         next_ += skipped;
         return skipped == count ? S_OK : S_FALSE;
     }
 
     STDMETHODIMP Reset() override {
+        if (!OnOwnThread()) return RPC_E_WRONG_THREAD;
         next_ = 0;
         return S_OK;
     }
@@ -65,10 +68,14 @@ public:
     STDMETHODIMP Clone(Interface** copy) override {
         if (copy == nullptr) return E_POINTER;
         *copy = nullptr;
+        if (!OnOwnThread()) return RPC_E_WRONG_THREAD;
         return GuardMethod(__uuidof(Interface), [&] { *copy = MakeObject<EnumOf>(items_, next_).Detach(); });
     }
 
 private:
+    bool OnOwnThread() const { return GetCurrentThreadId() == thread_; }
+
+    const DWORD thread_ = GetCurrentThreadId();
     std::vector<Item> items_;
     std::size_t next_;
 };

@@ -7,9 +7,10 @@
 
 namespace dlv {
 
-EventSource::EventSource(IUnknown& whole, WindowHost& host)
+EventSource::EventSource(IUnknown& whole, WindowHost& host, const Ambience& ambience)
     : ComPart(whole),
       host_(host),
+      ambience_(ambience),
       events_(*this, host, __uuidof(__DLViewer), ConnectionPoint::Sinks::AnyDispatch),
       propertyChanges_(*this, host, IID_IPropertyNotifySink, ConnectionPoint::Sinks::OfTheInterface) {}
 
@@ -32,24 +33,28 @@ STDMETHODIMP EventSource::FindConnectionPoint(REFIID iid, IConnectionPoint** poi
     });
 }
 
+// A sink may put something else in the place of what it is given; each has one of its own to play with.
 void EventSource::PostRequest(const std::string& request) {
-    Bstr text(request);
-    VARIANT argument;
-    VariantInit(&argument);
-    argument.vt = VT_BYREF | VT_BSTR;
-    argument.pbstrVal = text.Address();
-    Send(HostEvent::PostRequest, argument);
+    SendToEach([&](const Sender& send) {
+        Bstr text(request);
+        VARIANT argument;
+        VariantInit(&argument);
+        argument.vt = VT_BYREF | VT_BSTR;
+        argument.pbstrVal = text.Address();
+        send(HostEvent::PostRequest, argument);
+    });
 }
 
 void EventSource::Raise(HostEvent event, const DLVParams& params) {
     const ComPtr<ParamsObject> record = MakeObject<ParamsObject>(params);
-    // The host may put another record in its place; it gets our own reference to play with.
-    ComPtr<IDispatch> reference(record.Get());
-    VARIANT argument;
-    VariantInit(&argument);
-    argument.vt = VT_BYREF | VT_DISPATCH;
-    argument.ppdispVal = reference.GetAddressOf();
-    Send(event, argument);
+    SendToEach([&](const Sender& send) {
+        ComPtr<IDispatch> reference(record.Get());
+        VARIANT argument;
+        VariantInit(&argument);
+        argument.vt = VT_BYREF | VT_DISPATCH;
+        argument.ppdispVal = reference.GetAddressOf();
+        send(event, argument);
+    });
 }
 
 void EventSource::Freeze() { ++frozen_; }
@@ -58,18 +63,20 @@ void EventSource::Thaw() {
     if (frozen_ > 0) --frozen_;
 }
 
-void EventSource::Send(HostEvent event, VARIANT argument) {
-    if (frozen_ > 0) return;
+void EventSource::SendToEach(const std::function<void(const Sender&)>& give) {
+    if (frozen_ > 0 || !ambience_.UserMode()) return;
     for (const Connection& connection : events_.Connections()) {
         if (host_.Ending()) return;
         if (!events_.IsConnected(connection.cookie)) continue;
-        DISPPARAMS parameters{};
-        parameters.rgvarg = &argument;
-        parameters.cArgs = 1;
-        // What a sink fails with is its own affair.
-        static_cast<IDispatch*>(connection.sink.Get())
-            ->Invoke(static_cast<DISPID>(event), IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
-                     nullptr, nullptr, nullptr);
+        give([&](HostEvent event, VARIANT argument) {
+            DISPPARAMS parameters{};
+            parameters.rgvarg = &argument;
+            parameters.cArgs = 1;
+            // What a sink fails with is its own affair.
+            static_cast<IDispatch*>(connection.sink.Get())
+                ->Invoke(static_cast<DISPID>(event), IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
+                         &parameters, nullptr, nullptr, nullptr);
+        });
     }
 }
 

@@ -6,7 +6,10 @@
 
 #include <ocidl.h>
 
+#include <functional>
+
 #include "webdata/HostEvents.h"
+#include "windows/com/Ambience.h"
 #include "windows/com/ConnectionPoint.h"
 #include "windows/com/WindowHost.h"
 
@@ -14,7 +17,7 @@ namespace dlv {
 
 class EventSource final : public ComPart<Implements<IConnectionPointContainer>>, public HostEvents {
 public:
-    EventSource(IUnknown& whole, WindowHost& host);
+    EventSource(IUnknown& whole, WindowHost& host, const Ambience& ambience);
 
     STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) override;
     STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) override;
@@ -22,14 +25,17 @@ public:
     void PostRequest(const std::string& request) override;
     void Raise(HostEvent event, const DLVParams& params) override;
 
-    /// While frozen, events are lost. Calls nest.
+    /// While frozen, events are lost, as they are while a form is being designed. Calls nest.
     void Freeze();
     void Thaw();
 
 private:
-    void Send(HostEvent event, VARIANT argument);
+    using Sender = std::function<void(HostEvent event, VARIANT argument)>;
+    /// Calls `give` once for each sink, with what sends an event to that sink.
+    void SendToEach(const std::function<void(const Sender&)>& give);
 
     WindowHost& host_;
+    const Ambience& ambience_;
     ConnectionPoint events_;
     ConnectionPoint propertyChanges_;
     int frozen_ = 0;

@@ -41,10 +41,14 @@ public:
     STDMETHODIMP ResizeBorder(LPCRECT border, IOleInPlaceUIWindow* window, BOOL frame) override;
     STDMETHODIMP EnableModeless(BOOL enable) override;
 
+    /// Whether the container was asked about this very message when it came by here, and did not want it.
+    bool WasOffered(const MSG& message) const;
+
 private:
     WindowHost& host_;
     Activation& activation_;
     ClientSite& site_;
+    MSG offered_{};
 };
 
 }  // namespace dlv

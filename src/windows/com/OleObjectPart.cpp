@@ -28,13 +28,15 @@ LPOLESTR TaskText(std::wstring_view text) {
 
 }  // namespace
 
-OleObjectPart::OleObjectPart(IUnknown& whole, WindowHost& host, ClientSite& site, Extent& extent,
-                             Activation& activation, Persisted& persisted)
+OleObjectPart::OleObjectPart(IUnknown& whole, WindowHost& host, ClientSite& site, Ambience& ambience,
+                             Extent& extent, Activation& activation, ViewPart& view, Persisted& persisted)
     : ComPart(whole),
       host_(host),
       site_(site),
+      ambience_(ambience),
       extent_(extent),
       activation_(activation),
+      view_(view),
       persisted_(persisted) {}
 
 STDMETHODIMP OleObjectPart::SetClientSite(IOleClientSite* site) {
@@ -44,6 +46,7 @@ STDMETHODIMP OleObjectPart::SetClientSite(IOleClientSite* site) {
         } else {
             if (site_.Get() != nullptr && site_.Get() != site) activation_.Deactivate();
             site_.Set(site);
+            ambience_.Read(DISPID_UNKNOWN);
         }
     });
 }
@@ -51,6 +54,9 @@ STDMETHODIMP OleObjectPart::SetClientSite(IOleClientSite* site) {
 void OleObjectPart::LeaveContainer() {
     activation_.Deactivate();
     site_.Set(nullptr);
+    ambience_.Read(DISPID_UNKNOWN);
+    view_.DropAdvise();
+    const ComPtr<IOleAdviseHolder> dropped = std::move(advises_);
     host_.ContainerGone();
 }
 
@@ -60,7 +66,7 @@ STDMETHODIMP OleObjectPart::GetClientSite(IOleClientSite** site) {
     return host_.Method(IID_IOleObject, [&] { *site = ComPtr<IOleClientSite>(site_.Get()).Detach(); });
 }
 
-STDMETHODIMP OleObjectPart::SetHostNames(LPCOLESTR, LPCOLESTR) { return S_OK; }
+STDMETHODIMP OleObjectPart::SetHostNames(LPCOLESTR, LPCOLESTR) { return Just(S_OK); }
 
 STDMETHODIMP OleObjectPart::Close(DWORD save) {
     return host_.Method(IID_IOleObject, [&] {
@@ -73,18 +79,20 @@ STDMETHODIMP OleObjectPart::Close(DWORD save) {
     });
 }
 
-STDMETHODIMP OleObjectPart::SetMoniker(DWORD, IMoniker*) { return E_NOTIMPL; }
+STDMETHODIMP OleObjectPart::SetMoniker(DWORD, IMoniker*) { return Just(E_NOTIMPL); }
 
 STDMETHODIMP OleObjectPart::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
-    if (moniker != nullptr) *moniker = nullptr;
-    return E_NOTIMPL;
+    if (moniker == nullptr) return E_POINTER;
+    *moniker = nullptr;
+    return Just(E_NOTIMPL);
 }
 
-STDMETHODIMP OleObjectPart::InitFromData(IDataObject*, BOOL, DWORD) { return E_NOTIMPL; }
+STDMETHODIMP OleObjectPart::InitFromData(IDataObject*, BOOL, DWORD) { return Just(E_NOTIMPL); }
 
 STDMETHODIMP OleObjectPart::GetClipboardData(DWORD, IDataObject** data) {
-    if (data != nullptr) *data = nullptr;
-    return E_NOTIMPL;
+    if (data == nullptr) return E_POINTER;
+    *data = nullptr;
+    return Just(E_NOTIMPL);
 }
 
 STDMETHODIMP OleObjectPart::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRECT) {
@@ -115,14 +123,14 @@ STDMETHODIMP OleObjectPart::EnumVerbs(IEnumOLEVERB** verbs) {
     });
 }
 
-STDMETHODIMP OleObjectPart::Update() { return S_OK; }
+STDMETHODIMP OleObjectPart::Update() { return Just(S_OK); }
 
-STDMETHODIMP OleObjectPart::IsUpToDate() { return S_OK; }
+STDMETHODIMP OleObjectPart::IsUpToDate() { return Just(S_OK); }
 
 STDMETHODIMP OleObjectPart::GetUserClassID(CLSID* id) {
     if (id == nullptr) return E_POINTER;
-    *id = __uuidof(::DLViewer);
-    return S_OK;
+    *id = CLSID_NULL;
+    return host_.Method(IID_IOleObject, [&] { *id = __uuidof(::DLViewer); });
 }
 
 STDMETHODIMP OleObjectPart::GetUserType(DWORD, LPOLESTR* name) {
@@ -151,12 +159,18 @@ STDMETHODIMP OleObjectPart::GetExtent(DWORD aspect, SIZEL* size) {
     return host_.Method(IID_IOleObject, [&] { *size = extent_.Himetric(); });
 }
 
+HRESULT OleObjectPart::Just(HRESULT result) {
+    return host_.Method(IID_IOleObject, [&] { return result; });
+}
+
 IOleAdviseHolder& OleObjectPart::Advises() {
     if (!advises_) Check(CreateOleAdviseHolder(&advises_));
     return *advises_.Get();
 }
 
 STDMETHODIMP OleObjectPart::Advise(IAdviseSink* sink, DWORD* connection) {
+    if (connection != nullptr) *connection = 0;
+    if (sink == nullptr || connection == nullptr) return E_POINTER;
     return host_.Method(IID_IOleObject, [&] { return Advises().Advise(sink, connection); });
 }
 
@@ -165,15 +179,19 @@ STDMETHODIMP OleObjectPart::Unadvise(DWORD connection) {
 }
 
 STDMETHODIMP OleObjectPart::EnumAdvise(IEnumSTATDATA** advises) {
+    if (advises == nullptr) return E_POINTER;
+    *advises = nullptr;
     return host_.Method(IID_IOleObject, [&] { return Advises().EnumAdvise(advises); });
 }
 
 STDMETHODIMP OleObjectPart::GetMiscStatus(DWORD aspect, DWORD* status) {
     if (status == nullptr) return E_POINTER;
-    *status = aspect == DVASPECT_CONTENT ? kControlMiscStatus : 0;
-    return S_OK;
+    *status = 0;
+    return host_.Method(IID_IOleObject, [&] {
+        if (aspect == DVASPECT_CONTENT) *status = kControlMiscStatus;
+    });
 }
 
-STDMETHODIMP OleObjectPart::SetColorScheme(LOGPALETTE*) { return E_NOTIMPL; }
+STDMETHODIMP OleObjectPart::SetColorScheme(LOGPALETTE*) { return Just(E_NOTIMPL); }
 
 }  // namespace dlv

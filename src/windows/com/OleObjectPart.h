@@ -7,6 +7,7 @@
 
 #include "windows/com/Activation.h"
 #include "windows/com/ComObject.h"
+#include "windows/com/ViewPart.h"
 
 namespace dlv {
 
@@ -17,8 +18,8 @@ struct Persisted {
 
 class OleObjectPart final : public ComPart<Implements<IOleObject>> {
 public:
-    OleObjectPart(IUnknown& whole, WindowHost& host, ClientSite& site, Extent& extent, Activation& activation,
-                  Persisted& persisted);
+    OleObjectPart(IUnknown& whole, WindowHost& host, ClientSite& site, Ambience& ambience, Extent& extent,
+                  Activation& activation, ViewPart& view, Persisted& persisted);
 
     STDMETHODIMP SetClientSite(IOleClientSite* site) override;
     STDMETHODIMP GetClientSite(IOleClientSite** site) override;
@@ -47,12 +48,16 @@ public:
     void LeaveContainer();
 
 private:
+    /// For what needs no more than an answer.
+    HRESULT Just(HRESULT result);
     IOleAdviseHolder& Advises();
 
     WindowHost& host_;
     ClientSite& site_;
+    Ambience& ambience_;
     Extent& extent_;
     Activation& activation_;
+    ViewPart& view_;
     Persisted& persisted_;
     ComPtr<IOleAdviseHolder> advises_;
 };

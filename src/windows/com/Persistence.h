@@ -64,7 +64,16 @@ public:
     STDMETHODIMP HandsOffStorage() override;
 
 private:
+    /// What the container has allowed: nothing of its storage is kept between two calls, but the order of
+    /// them is held to.
+    enum class Stage { Uninitialized, Normal, NoScribble, HandsOff };
+
+    template <class Body>
+    HRESULT Method(Body&& body);
+
     SavedState& state_;
+    Stage stage_ = Stage::Uninitialized;
+    bool savedToOwn_ = false;
 };
 
 class PersistBagPart final : public ComPart<Implements<IPersistPropertyBag>> {

@@ -13,7 +13,21 @@ std::wstring Wide(std::string_view text) {
     return {units.begin(), units.end()};
 }
 
-std::string Narrow(std::wstring_view text) { return FromUtf16(std::u16string(text.begin(), text.end())); }
+std::string Narrow(std::wstring_view text) {
+    std::string out;
+    NarrowInto(text, out);
+    return out;
+}
+
+// Most text is plain: that is taken over as it is, up to the first character that is not.
+void NarrowInto(std::wstring_view text, std::string& out) {
+    out.resize(text.size());
+    std::size_t plain = 0;
+    for (; plain < text.size() && text[plain] < 0x80; ++plain) out[plain] = static_cast<char>(text[plain]);
+    if (plain == text.size()) return;
+    out.resize(plain);
+    out += FromUtf16(std::u16string(text.begin() + static_cast<std::ptrdiff_t>(plain), text.end()));
+}
 
 std::string Narrow(BSTR text) {
     return text == nullptr ? std::string() : Narrow(std::wstring_view(text, SysStringLen(text)));

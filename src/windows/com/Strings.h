@@ -15,6 +15,8 @@ namespace dlv {
 std::wstring Wide(std::string_view text);
 std::string Narrow(std::wstring_view text);
 inline std::string Narrow(const wchar_t* text) { return Narrow(std::wstring_view(text)); }
+/// The same into a text that is used again and again.
+void NarrowInto(std::wstring_view text, std::string& out);
 /// The whole text of a BSTR, embedded zeros too; empty for a null one.
 std::string Narrow(BSTR text);
 

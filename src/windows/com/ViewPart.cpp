@@ -11,18 +11,19 @@ STDMETHODIMP ViewPart::Draw(DWORD aspect, LONG index, void*, DVTARGETDEVICE*, HD
     if (dc == nullptr || bounds == nullptr) return E_INVALIDARG;
     return host_.Method(IID_IViewObject2, [&] {
         const RECT place{bounds->left, bounds->top, bounds->right, bounds->bottom};
-        DrawControl(dc, place, host_.Viewer().Controls(), activation_.Dpi(), activation_.AmbientFont());
+        DrawControl(dc, place, host_.Viewer().Controls(), activation_.Dpi(), ambience_.Look());
     });
 }
 
 STDMETHODIMP ViewPart::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, LOGPALETTE** colours) {
-    if (colours != nullptr) *colours = nullptr;
-    return E_NOTIMPL;
+    if (colours == nullptr) return E_POINTER;
+    *colours = nullptr;
+    return Just(E_NOTIMPL);
 }
 
-STDMETHODIMP ViewPart::Freeze(DWORD, LONG, void*, DWORD*) { return E_NOTIMPL; }
+STDMETHODIMP ViewPart::Freeze(DWORD, LONG, void*, DWORD*) { return Just(E_NOTIMPL); }
 
-STDMETHODIMP ViewPart::Unfreeze(DWORD) { return E_NOTIMPL; }
+STDMETHODIMP ViewPart::Unfreeze(DWORD) { return Just(E_NOTIMPL); }
 
 STDMETHODIMP ViewPart::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) {
     return host_.Method(IID_IViewObject2, [&] {
@@ -45,6 +46,10 @@ STDMETHODIMP ViewPart::GetExtent(DWORD aspect, LONG, DVTARGETDEVICE*, LPSIZEL si
     if (size == nullptr) return E_POINTER;
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
     return host_.Method(IID_IViewObject2, [&] { *size = extent_.Himetric(); });
+}
+
+HRESULT ViewPart::Just(HRESULT result) {
+    return host_.Method(IID_IViewObject2, [&] { return result; });
 }
 
 void ViewPart::TellChange() {

@@ -13,8 +13,9 @@ namespace dlv {
 
 class ViewPart final : public ComPart<Implements<IViewObject2, IViewObject>> {
 public:
-    ViewPart(IUnknown& whole, WindowHost& host, Extent& extent, Activation& activation)
-        : ComPart(whole), host_(host), extent_(extent), activation_(activation) {}
+    ViewPart(IUnknown& whole, WindowHost& host, Extent& extent, const Ambience& ambience,
+             Activation& activation)
+        : ComPart(whole), host_(host), extent_(extent), ambience_(ambience), activation_(activation) {}
 
     STDMETHODIMP Draw(DWORD aspect, LONG index, void* details, DVTARGETDEVICE* target, HDC information,
                       HDC dc, LPCRECTL bounds, LPCRECTL windowBounds,
@@ -29,11 +30,16 @@ public:
 
     /// Tells the container's sink that the picture is another.
     void TellChange();
-    void DropAdvise() { sink_.Reset(); }
+    /// Lets the container's sink go.
+    void DropAdvise() { const ComPtr<IAdviseSink> dropped = std::move(sink_); }
 
 private:
+    /// For what needs no more than an answer.
+    HRESULT Just(HRESULT result);
+
     WindowHost& host_;
     Extent& extent_;
+    const Ambience& ambience_;
     Activation& activation_;
     ComPtr<IAdviseSink> sink_;
     DWORD aspects_ = 0;

@@ -29,8 +29,8 @@ public:
     /// The focus came into one of the control's windows, or left them all.
     virtual void FocusEntered() = 0;
     virtual void FocusLeft() = 0;
-    /// Offers a key message to the container (its accelerators and its handling of Tab and the like) before a
-    /// window acts on it. True when the container took it.
+    /// Offers a key that leads out of the control to the container, unless it was offered already. True when
+    /// the container took it.
     virtual bool OfferKeyToContainer(MSG& message) = 0;
 
     /// The control's outer window is being destroyed, by the control itself or with its parent. Sent once,

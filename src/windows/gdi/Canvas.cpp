@@ -41,7 +41,7 @@ int Canvas::StepWithin(const RECT& area, const std::wstring& text, Weight weight
 }
 
 void Canvas::TextWithin(const RECT& area, const std::wstring& text, Weight weight, COLORREF colour,
-                        UINT format, Upright upright, int leastStep) const {
+                        UINT format, Upright upright, int leastStep, const std::wstring& marked) const {
     if (text.empty()) return;
     const int step = std::max(leastStep, StepWithin(area, text, weight, format));
     const HFONT font = look_.fonts.Smaller(weight, step);
@@ -53,6 +53,9 @@ void Canvas::TextWithin(const RECT& area, const std::wstring& text, Weight weigh
     SetBkMode(dc_, TRANSPARENT);
     DrawTextW(dc_, text.c_str(), static_cast<int>(text.size()), &place,
               format | DT_NOPREFIX | DT_END_ELLIPSIS);
+    if (!marked.empty())
+        DrawTextW(dc_, marked.c_str(), static_cast<int>(marked.size()), &place,
+                  format | DT_PREFIXONLY | DT_END_ELLIPSIS);
 }
 
 int Canvas::TextWidth(const std::wstring& text, Weight weight) const {

@@ -17,8 +17,8 @@ struct Look {
     Fonts fonts;
     Palette palette;
 
-    Look(const FontChoice& choice, Scale newScale)
-        : scale(newScale), fonts(choice, newScale), palette(Palette::Current()) {}
+    Look(const Appearance& wanted, Scale newScale)
+        : scale(newScale), fonts(wanted.Font(), newScale), palette(Palette::Current(wanted)) {}
 };
 
 class Canvas {
@@ -40,8 +40,9 @@ public:
     enum class Upright { Top, Middle };
     /// Text that is made smaller where it would be cut, and only cut where that does not help. `format` says
     /// whether it may take several lines; it is smaller by `leastStep` steps at any rate.
+    /// `marked` is the text with "&" before the letter that is underlined, if one is.
     void TextWithin(const RECT& area, const std::wstring& text, Weight weight, COLORREF colour, UINT format,
-                    Upright upright, int leastStep = 0) const;
+                    Upright upright, int leastStep = 0, const std::wstring& marked = {}) const;
     /// By how many steps TextWithin makes a text smaller.
     int StepWithin(const RECT& area, const std::wstring& text, Weight weight, UINT format) const;
     int TextWidth(const std::wstring& text, Weight weight) const;

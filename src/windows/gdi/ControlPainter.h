@@ -18,7 +18,6 @@ int GroupStep(const Canvas& canvas, const LabelGroup& group);
 
 /// Draws the form into `place` (logical units of `dc`) as it looks at its own size at `dpi`. Any device
 /// context will do, a metafile's too.
-void DrawControl(HDC dc, const RECT& place, ViewerForm& form, int dpi,
-                 const FontChoice& font = DefaultFont());
+void DrawControl(HDC dc, const RECT& place, ViewerForm& form, int dpi, const Appearance& appearance = {});
 
 }  // namespace dlv

@@ -45,14 +45,26 @@ int LabelStep(const Canvas& canvas, const Label& label) {
     return canvas.StepWithin(area, Wide(label.Caption()), WeightOf(label), LabelFormat(canvas, label, area));
 }
 
-void DrawLabel(const Canvas& canvas, const Label& label, const RECT& area, COLORREF ground, int leastStep) {
+std::string WithAccessKey(const std::string& text, AccessKey key) {
+    std::string marked;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (key == i) marked += '&';
+        marked.append(text[i] == '&' ? 2 : 1, text[i]);
+    }
+    return marked;
+}
+
+void DrawLabel(const Canvas& canvas, const Label& label, const RECT& area, COLORREF ground, int leastStep,
+               KeyCue cue) {
     const Palette& colours = canvas.Colours();
     canvas.Fill(area, ground);
     COLORREF ink = colours.faceText;
     if (label.ForeColour() && !colours.highContrast) ink = *label.ForeColour();
     if (!label.Enabled()) ink = colours.disabledText;
     canvas.TextWithin(area, Wide(label.Caption()), WeightOf(label), ink, LabelFormat(canvas, label, area),
-                      Canvas::Upright::Top, leastStep);
+                      Canvas::Upright::Top, leastStep,
+                      cue == KeyCue::Shown && label.Key() ? Wide(WithAccessKey(label.Caption(), label.Key()))
+                                                          : std::wstring());
 }
 
 bool LabelTextFits(const Canvas& canvas, const Label& label, const RECT& area) {

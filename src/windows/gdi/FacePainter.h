@@ -7,13 +7,19 @@
 
 namespace dlv {
 
+/// Whether the letter of an access key is underlined.
+enum class KeyCue { Hidden, Shown };
+
 /// A label on a ground of that colour, which it fills. Text that needs more room wraps where the label is
 /// tall enough for two lines, is made smaller, and at last ends in an ellipsis. It is smaller by `leastStep`
 /// steps at any rate.
-void DrawLabel(const Canvas& canvas, const Label& label, const RECT& area, COLORREF ground,
-               int leastStep = 0);
+void DrawLabel(const Canvas& canvas, const Label& label, const RECT& area, COLORREF ground, int leastStep = 0,
+               KeyCue cue = KeyCue::Hidden);
 /// By how many steps a label makes its text smaller, at the size that it has in its state.
 int LabelStep(const Canvas& canvas, const Label& label);
+
+/// Text in which "&" marks the access key: before the key, and nowhere else.
+std::string WithAccessKey(const std::string& text, AccessKey key = {});
 /// Whether the label's whole text is in sight in a label of that size.
 bool LabelTextFits(const Canvas& canvas, const Label& label, const RECT& area);
 

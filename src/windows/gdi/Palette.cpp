@@ -23,13 +23,22 @@ COLORREF Mix(COLORREF over, COLORREF ground, int share) {
                part(GetBValue(over), GetBValue(ground)));
 }
 
+COLORREF Resolve(ContainerColour colour) {
+    constexpr ContainerColour kSystem = 0x80000000u;
+    return (colour & kSystem) != 0 ? GetSysColor(static_cast<int>(colour & 0xFF)) : colour & 0xFFFFFF;
+}
+
 }  // namespace
 
-Palette Palette::Current() {
+Palette Palette::Current(const Appearance& wanted) {
     Palette palette{};
     palette.highContrast = InHighContrast();
     palette.face = GetSysColor(COLOR_BTNFACE);
     palette.faceText = GetSysColor(COLOR_BTNTEXT);
+    if (!palette.highContrast) {
+        if (wanted.ground) palette.face = Resolve(*wanted.ground);
+        if (wanted.ink) palette.faceText = Resolve(*wanted.ink);
+    }
     palette.disabledText = GetSysColor(COLOR_GRAYTEXT);
     palette.window = GetSysColor(COLOR_WINDOW);
     palette.windowText = GetSysColor(COLOR_WINDOWTEXT);

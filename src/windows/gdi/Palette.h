@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "widgets/Control.h"
+#include "windows/gdi/Appearance.h"
 
 namespace dlv {
 
@@ -27,8 +28,9 @@ struct Palette {
     COLORREF edge;
     bool highContrast;
 
-    /// As the system is set up now.
-    static Palette Current();
+    /// As the system is set up now, with the container's ground and ink where it has any and the system
+    /// leaves the choice.
+    static Palette Current(const Appearance& wanted);
 
     /// The ground of a cell whose state asks for `colour`; the window's own when it asks for none.
     COLORREF Ground(std::optional<Colour> colour) const {

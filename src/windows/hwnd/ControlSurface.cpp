@@ -19,11 +19,8 @@ bool WantsKey(const MSG& message) {
 
 }  // namespace
 
-ControlSurface::ControlSurface(WindowHost& host, const FontChoice& font)
-    : Window(host),
-      windows_(host, host.Viewer().Controls(), *this),
-      font_(font),
-      followsSystemFont_(font == DefaultFont()) {}
+ControlSurface::ControlSurface(WindowHost& host, const Appearance& appearance)
+    : Window(host), windows_(host, host.Viewer().Controls(), *this), appearance_(appearance) {}
 
 ControlSurface::~ControlSurface() { Destroy(); }
 
@@ -39,7 +36,7 @@ void ControlSurface::Create(HWND parent, const RECT& place) {
     windows_.SetGroups(HeadingGroups(Form()));
     windows_.SetFirstFocus(Form().lvBU);
     const ControlsScope controls;
-    windows_.Make(Handle(), font_, scale_);
+    windows_.Make(Handle(), appearance_, scale_);
     OnSize();
 }
 
@@ -82,18 +79,16 @@ void ControlSurface::SetDpi(int dpi) {
     OnSize();
 }
 
-void ControlSurface::SetFont(const FontChoice& font) {
-    if (font == font_) return;
-    font_ = font;
-    followsSystemFont_ = font == DefaultFont();
+void ControlSurface::SetAppearance(const Appearance& appearance) {
+    if (appearance == appearance_) return;
+    appearance_ = appearance;
     SystemChanged();
 }
 
 void ControlSurface::SystemChanged() {
     if (Handle() == nullptr || windows_.Parent() == nullptr) return;
     const ControlsScope controls;
-    if (followsSystemFont_) font_ = DefaultFont();
-    windows_.SetLook(font_, scale_);
+    windows_.SetLook(appearance_, scale_);
     RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
@@ -106,8 +101,11 @@ void ControlSurface::TakeFocus(FocusFrom from) {
 }
 
 bool ControlSurface::TranslateKey(const MSG& message) {
-    if (message.message != WM_KEYDOWN || Handle() == nullptr || !IsChild(Handle(), message.hwnd))
-        return false;
+    const HWND own = Handle();
+    if (own == nullptr || !IsWindowEnabled(own)) return false;
+    if (message.hwnd != own && !IsChild(own, message.hwnd)) return false;
+    if (message.message == WM_SYSCHAR) return windows_.PressAccessKey(AccessLetter(message.wParam));
+    if (message.message != WM_KEYDOWN) return false;
     if (message.wParam == VK_TAB) {
         if (GetKeyState(VK_CONTROL) < 0 || GetKeyState(VK_MENU) < 0) return false;
         const bool back = GetKeyState(VK_SHIFT) < 0;
@@ -116,6 +114,7 @@ bool ControlSurface::TranslateKey(const MSG& message) {
         return true;
     }
     if (windows_.MoveInGroup(static_cast<int>(message.wParam))) return true;
+    if (message.wParam == VK_RETURN && windows_.PressFocusedButton()) return true;
     if (!WantsKey(message)) return false;
     TranslateMessage(&message);
     DispatchMessageW(&message);
@@ -129,7 +128,9 @@ LRESULT ControlSurface::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_PRINTCLIENT: {
             RECT area{};
             GetClientRect(Handle(), &area);
-            FillRect(reinterpret_cast<HDC>(wParam), &area, GetSysColorBrush(COLOR_BTNFACE));
+            FillRect(reinterpret_cast<HDC>(wParam), &area,
+                     windows_.Parent() == nullptr ? GetSysColorBrush(COLOR_BTNFACE)
+                                                  : windows_.GroundBrush(Form().fraDLV));
             return 1;
         }
         case WM_SIZE:

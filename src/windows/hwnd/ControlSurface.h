@@ -11,18 +11,19 @@ namespace dlv {
 
 class ControlSurface : public Window, private FormListener {
 public:
-    ControlSurface(WindowHost& host, const FontChoice& font);
+    ControlSurface(WindowHost& host, const Appearance& appearance);
     ~ControlSurface() override;
 
     void Create(HWND parent, const RECT& place);
     void Flush();
     void TakeFocus(FocusFrom from);
     bool TranslateKey(const MSG& message);
+    bool PressAccessKey(char letter) { return windows_.PressAccessKey(letter); }
     DLViewer& Viewer() const { return Host().Viewer(); }
     Bounds SizeInTwips() const;
     int Dpi() const { return scale_.Dpi(); }
     void SetDpi(int dpi);
-    void SetFont(const FontChoice& font);
+    void SetAppearance(const Appearance& appearance);
 
 private:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -43,8 +44,7 @@ private:
     ViewerForm& Form() const { return Host().Viewer().Controls(); }
 
     FormWindows windows_;
-    FontChoice font_;
-    bool followsSystemFont_;
+    Appearance appearance_;
     Scale scale_;
     SIZE size_{};
     int pointer_ = kDefaultPointer;

@@ -5,8 +5,8 @@
 
 namespace dlv {
 
-ControlWindow::ControlWindow(WindowHost& host, const FontChoice& font)
-    : surface_(std::make_unique<ControlSurface>(host, font)) {}
+ControlWindow::ControlWindow(WindowHost& host, const Appearance& appearance)
+    : surface_(std::make_unique<ControlSurface>(host, appearance)) {}
 
 ControlWindow::~ControlWindow() = default;
 
@@ -34,6 +34,8 @@ void ControlWindow::TakeFocus(FocusFrom from) { surface_->TakeFocus(from); }
 
 bool ControlWindow::TranslateKey(const MSG& message) { return surface_->TranslateKey(message); }
 
+bool ControlWindow::PressAccessKey(char letter) { return surface_->PressAccessKey(letter); }
+
 void ControlWindow::ShowProfileMenu() {
     if (Handle() != nullptr) dlv::ShowProfileMenu(surface_->Viewer(), Handle());
 }
@@ -46,6 +48,15 @@ int ControlWindow::Dpi() const { return surface_->Dpi(); }
 
 void ControlWindow::SetDpi(int dpi) { surface_->SetDpi(dpi); }
 
-void ControlWindow::SetFont(const FontChoice& font) { surface_->SetFont(font); }
+void ControlWindow::SetAppearance(const Appearance& appearance) { surface_->SetAppearance(appearance); }
+
+void ControlWindow::SetLive(Live live) {
+    const bool had = HasFocus();
+    EnableWindow(Handle(), live == Live::Yes);
+    // A disabled window that kept the focus would keep the keyboard to itself.
+    if (live == Live::No && had) SetFocus(GetParent(Handle()));
+}
+
+void ControlWindow::SetName(const std::wstring& name) { SetWindowTextW(Handle(), name.c_str()); }
 
 }  // namespace dlv

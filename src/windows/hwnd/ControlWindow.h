@@ -8,20 +8,20 @@
 #include <memory>
 
 #include "windows/com/WindowHost.h"
-#include "windows/gdi/Fonts.h"
+#include "windows/gdi/Appearance.h"
 
 namespace dlv {
 
 /// From which side Tab brings the focus into the control.
 enum class FocusFrom { Before, Behind, Anywhere };
 enum class Shown { Hidden, Visible };
+enum class Live { Yes, No };
 
 class ControlSurface;
 
 class ControlWindow {
 public:
-    /// `font` is the container's ambient font, or the default.
-    explicit ControlWindow(WindowHost& host, const FontChoice& font = DefaultFont());
+    explicit ControlWindow(WindowHost& host, const Appearance& appearance = {});
     ~ControlWindow();
     ControlWindow(const ControlWindow&) = delete;
     ControlWindow& operator=(const ControlWindow&) = delete;
@@ -46,6 +46,8 @@ public:
     /// For IOleInPlaceActiveObject::TranslateAccelerator. True when the control has used the key up; Tab at
     /// either end of the control is left to the container.
     bool TranslateKey(const MSG& message);
+    /// Does what the letter's key does in the form; false when the form has none for it.
+    bool PressAccessKey(char letter);
 
     /// Pops up the profile menu at the mouse and runs the handler of the item that a person chooses.
     void ShowProfileMenu();
@@ -56,7 +58,11 @@ public:
     int Dpi() const;
     /// Overrides the window's own resolution (tests).
     void SetDpi(int dpi);
-    void SetFont(const FontChoice& font);
+    void SetAppearance(const Appearance& appearance);
+    /// While the container does not want a person to use the control, its windows take no input.
+    void SetLive(Live live);
+    /// The name under which readers of windows announce the control.
+    void SetName(const std::wstring& name);
 
 private:
     std::unique_ptr<ControlSurface> surface_;

@@ -12,10 +12,7 @@ bool FormWindows::IsInside(HWND window) const {
 
 // The state is asked, not the windows: those may be about to follow it.
 bool FormWindows::CanTakeFocus(const Mirror& mirror) const {
-    if (mirror.Handle() == nullptr || !mirror.TakesFocus()) return false;
-    for (const Control* control = &mirror.Shown(); control != nullptr; control = control->Container())
-        if (!control->Visible() || !control->Enabled()) return false;
-    return true;
+    return mirror.Handle() != nullptr && mirror.TakesFocus() && mirror.Shown().Usable();
 }
 
 Mirror* FormWindows::Focused() const {
@@ -26,6 +23,11 @@ Mirror* FormWindows::Focused() const {
         if (window != nullptr && (window == focus || IsChild(window, focus))) return mirror->get();
     }
     return nullptr;
+}
+
+std::ptrdiff_t FormWindows::PlaceOf(const Mirror& mirror) const {
+    return std::ranges::find_if(mirrors_, [&](const auto& other) { return other.get() == &mirror; }) -
+           mirrors_.begin();
 }
 
 bool FormWindows::FocusFrom(std::ptrdiff_t start, Direction direction) {
@@ -42,9 +44,7 @@ bool FormWindows::FocusFrom(std::ptrdiff_t start, Direction direction) {
 bool FormWindows::MoveFocus(Direction direction) {
     const Mirror* focused = Focused();
     if (focused == nullptr) return TakeFocus(direction);
-    const auto place =
-        std::ranges::find_if(mirrors_, [focused](const auto& mirror) { return mirror.get() == focused; });
-    const std::ptrdiff_t start = place - mirrors_.begin();
+    const std::ptrdiff_t start = PlaceOf(*focused);
     return FocusFrom(direction == Direction::Forward ? start + 1 : start - 1, direction);
 }
 
@@ -73,6 +73,50 @@ bool FormWindows::MoveInGroup(int key) {
         return true;
     }
     return true;
+}
+
+bool FormWindows::PressFocusedButton() {
+    Mirror* focused = Focused();
+    if (focused == nullptr || dynamic_cast<const Button*>(&focused->Shown()) == nullptr) return false;
+    listener_.Clicked(focused->Shown());
+    return true;
+}
+
+char AccessLetter(WPARAM character) {
+    const bool lower = character >= 'a' && character <= 'z';
+    return AccessLetterOfKey(lower ? character - 'a' + 'A' : character);
+}
+
+char AccessLetterOfKey(WPARAM key) {
+    const bool known = (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9');
+    return known ? static_cast<char>(key) : '\0';
+}
+
+bool FormWindows::PressAccessKey(char letter) {
+    for (const AccessTarget& target : AccessTargets(form_)) {
+        if (target.letter != letter) continue;
+        SendMessageW(parent_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL), 0);
+        GoTo(target);
+        return true;
+    }
+    return false;
+}
+
+void FormWindows::GoTo(const AccessTarget& target) {
+    const Mirror* mirror = Find(*target.control);
+    if (mirror == nullptr) return;
+    const auto* label = dynamic_cast<const Label*>(target.control);
+    if (label != nullptr && !label->Clickable()) {
+        FocusFrom(PlaceOf(*mirror) + 1, Direction::Forward);
+        return;
+    }
+    if (label == nullptr) SetFocus(mirror->Handle());
+    if (auto* tabs = dynamic_cast<TabStrip*>(target.control)) {
+        tabs->SelectTab(target.tab);
+        listener_.TabChosen(*tabs);
+    } else {
+        listener_.Clicked(*target.control);
+    }
 }
 
 void FormWindows::FocusChanged(Mirror& mirror, HWND other, bool gained) {

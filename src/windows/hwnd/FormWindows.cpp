@@ -36,9 +36,9 @@ void FormWindows::EndToolTips() {
     if (tips_) tips_->Destroy();
 }
 
-void FormWindows::Make(HWND parent, const FontChoice& font, Scale scale) {
+void FormWindows::Make(HWND parent, const Appearance& appearance, Scale scale) {
     parent_ = parent;
-    look_ = std::make_unique<Look>(font, scale);
+    look_ = std::make_unique<Look>(appearance, scale);
     MakeGround();
     const ApplyScope applying(*this);
     for (Control* control : form_.Controls()) {
@@ -116,8 +116,8 @@ void FormWindows::ReleaseFocusOf(const Mirror& mirror) {
     lastFocus_ = last;
 }
 
-void FormWindows::SetLook(const FontChoice& font, Scale scale) {
-    auto look = std::make_unique<Look>(font, scale);
+void FormWindows::SetLook(const Appearance& appearance, Scale scale) {
+    auto look = std::make_unique<Look>(appearance, scale);
     std::swap(look, look_);
     MakeGround();
     const ApplyScope applying(*this);

@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#include "widgets/AccessKeys.h"
 #include "widgets/Form.h"
 #include "windows/com/WindowHost.h"
 #include "windows/gdi/ControlPainter.h"
@@ -19,6 +20,10 @@ class ToolTips;
 
 enum class Direction { Forward, Backward };
 
+/// The letter, in upper case, or digit that a character or a virtual key stands for; 0 for any other.
+char AccessLetter(WPARAM character);
+char AccessLetterOfKey(WPARAM key);
+
 class FormWindows {
 public:
     FormWindows(WindowHost& host, Form& form, FormListener& listener);
@@ -27,12 +32,12 @@ public:
     FormWindows& operator=(const FormWindows&) = delete;
 
     /// Makes the windows inside `parent`. Controls without a container stand on `parent` itself.
-    void Make(HWND parent, const FontChoice& font, Scale scale);
+    void Make(HWND parent, const Appearance& appearance, Scale scale);
     /// Ends the windows; the objects stay, since one of them may be under way.
     void Destroy();
     void Flush();
     /// Fonts and measures for another resolution or font, and the system's colours as they are now.
-    void SetLook(const FontChoice& font, Scale scale);
+    void SetLook(const Appearance& appearance, Scale scale);
 
     /// The control's window; null for one that shows none.
     Mirror* Find(const Control& control) const;
@@ -47,6 +52,11 @@ public:
     void SetFirstFocus(const Control& control) { lastFocus_ = &control; }
     /// Arrow keys between option buttons of one group. True when the key was one.
     bool MoveInGroup(int key);
+    /// Enter on a button presses it. True when the focus is on one.
+    bool PressFocusedButton();
+    /// Goes to what the letter's key leads to, and presses or chooses it: a label leads to the control behind
+    /// it. False when no key of the form has that letter.
+    bool PressAccessKey(char letter);
 
     // For the mirrors.
 
@@ -81,7 +91,9 @@ private:
     void Apply(std::vector<Mirror*>& changed);
     void PlaceAll(const std::vector<Mirror*>& changed);
     void ReleaseFocusOf(const Mirror& mirror);
+    std::ptrdiff_t PlaceOf(const Mirror& mirror) const;
     bool FocusFrom(std::ptrdiff_t start, Direction direction);
+    void GoTo(const AccessTarget& target);
     void MakeGround();
 
     WindowHost& host_;

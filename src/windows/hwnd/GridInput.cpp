@@ -32,6 +32,12 @@ int WheelSteps(int& rest, int delta, int perNotch) {
     return steps;
 }
 
+/// What a key does in the grid with the keys that are down beside it.
+std::optional<GridCommand> OwnCommand(int key) {
+    if (GetKeyState(VK_MENU) < 0) return std::nullopt;
+    return CommandForKey(key, GetKeyState(VK_CONTROL) < 0 ? ControlKey::Down : ControlKey::Up);
+}
+
 }  // namespace
 
 std::optional<LRESULT> GridWindow::OnInput(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -58,7 +64,7 @@ std::optional<LRESULT> GridWindow::OnInput(UINT message, WPARAM wParam, LPARAM l
 
 LRESULT GridWindow::OnDialogCode(const MSG* message) const {
     LRESULT code = DLGC_WANTARROWS | DLGC_WANTCHARS;
-    if (message != nullptr && message->message == WM_KEYDOWN && message->wParam == VK_RETURN)
+    if (message != nullptr && message->message == WM_KEYDOWN && OwnCommand(static_cast<int>(message->wParam)))
         code |= DLGC_WANTMESSAGE;
     return code;
 }
@@ -75,9 +81,8 @@ void GridWindow::Normalise(const GridLayout& layout) {
 }
 
 bool GridWindow::OnKey(int key) {
-    const ControlKey control = GetKeyState(VK_CONTROL) < 0 ? ControlKey::Down : ControlKey::Up;
-    const std::optional<GridCommand> command = CommandForKey(key, control);
-    if (!command || GetKeyState(VK_MENU) < 0) return false;
+    const std::optional<GridCommand> command = OwnCommand(key);
+    if (!command) return false;
     SendMessageW(Handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
     if (*command == GridCommand::DrillDown) {
         Owner().Listener().GridKeyPressed(grid_, key, GetKeyState(VK_SHIFT) < 0);

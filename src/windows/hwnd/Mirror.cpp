@@ -65,6 +65,9 @@ LRESULT Mirror::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_KEYDOWN:
             if (OnUntranslatedKey(wParam, lParam)) return 0;
             break;
+        case WM_SYSCHAR:
+            if (form_.PressAccessKey(AccessLetter(wParam))) return 0;
+            break;
         case WM_NOTIFY: {
             NMHDR& header = *reinterpret_cast<NMHDR*>(lParam);
             if (header.code == TTN_GETDISPINFOW && header.hwndFrom == form_.TipWindow())

@@ -20,12 +20,6 @@ RECT ClientArea(HWND window) {
 
 }  // namespace
 
-std::string WithoutAccessKeys(const std::string& text) {
-    std::string doubled;
-    for (const char c : text) doubled.append(c == '&' ? 2 : 1, c);
-    return doubled;
-}
-
 void FrameMirror::Make(HWND parent) {
     Making making;
     making.style = kChild | WS_CLIPCHILDREN;
@@ -106,7 +100,9 @@ void LabelMirror::Paint() {
     if (IsRectEmpty(&area)) return;
     const PaintBuffer buffer(paint.Dc(), area);
     const Canvas canvas(buffer.Dc(), Kept());
-    DrawLabel(canvas, label_, area, Owner().Ground(label_), GroupStep(canvas, Owner().GroupOf(label_)));
+    const bool hidden = (SendMessageW(Handle(), WM_QUERYUISTATE, 0, 0) & UISF_HIDEACCEL) != 0;
+    DrawLabel(canvas, label_, area, Owner().Ground(label_), GroupStep(canvas, Owner().GroupOf(label_)),
+              hidden ? KeyCue::Hidden : KeyCue::Shown);
     buffer.Show();
 }
 
@@ -117,7 +113,8 @@ LRESULT LabelMirror::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SETTEXT:
             // The system's label would paint at once, and not with our colours.
             return DefWindowProcW(Handle(), message, wParam, lParam);
-        case WM_SIZE: InvalidateRect(Handle(), nullptr, FALSE); break;
+        case WM_SIZE:
+        case WM_UPDATEUISTATE: InvalidateRect(Handle(), nullptr, FALSE); break;
         case WM_SETCURSOR:
             if (!label_.Clickable() || Host().Viewer().Controls().MousePointer() != kDefaultPointer) break;
             SetCursor(LoadCursorW(nullptr, IDC_HAND));
@@ -140,7 +137,7 @@ void ButtonMirror::Make(HWND parent) {
     MakeNative(WC_BUTTONW, making);
 }
 
-void ButtonMirror::Apply() { ApplyText(WithoutAccessKeys(button_.Caption())); }
+void ButtonMirror::Apply() { ApplyText(WithAccessKey(button_.Caption(), button_.Key())); }
 
 void ButtonMirror::OnCommand(int code, int) {
     if (code == BN_CLICKED && button_.Enabled()) Owner().Listener().Clicked(button_);
@@ -156,7 +153,7 @@ void OptionMirror::Make(HWND parent) {
 }
 
 void OptionMirror::Apply() {
-    ApplyText(WithoutAccessKeys(option_.Caption()));
+    ApplyText(WithAccessKey(option_.Caption(), option_.Key()));
     const WPARAM wanted = option_.Value() ? BST_CHECKED : BST_UNCHECKED;
     if (static_cast<WPARAM>(SendMessageW(Handle(), BM_GETCHECK, 0, 0)) != wanted)
         SendMessageW(Handle(), BM_SETCHECK, wanted, 0);

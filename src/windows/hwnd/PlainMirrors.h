@@ -97,7 +97,4 @@ private:
     std::vector<std::string> shown_;
 };
 
-/// Text for a window in which "&" marks an access key: here it never does.
-std::string WithoutAccessKeys(const std::string& text);
-
 }  // namespace dlv

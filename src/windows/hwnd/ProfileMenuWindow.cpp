@@ -2,7 +2,7 @@
 
 #include "windows/com/ComError.h"
 #include "windows/com/Strings.h"
-#include "windows/hwnd/PlainMirrors.h"
+#include "windows/gdi/FacePainter.h"
 
 namespace dlv {
 
@@ -36,7 +36,7 @@ public:
     bool Empty() const { return GetMenuItemCount(menu_) == 0; }
 
 private:
-    static std::wstring Text(const MenuItem& item) { return Wide(WithoutAccessKeys(item.caption)); }
+    static std::wstring Text(const MenuItem& item) { return Wide(WithAccessKey(item.caption)); }
 
     HMENU menu_;
 };

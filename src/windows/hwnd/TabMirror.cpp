@@ -3,7 +3,7 @@
 #include <commctrl.h>
 
 #include "windows/com/Strings.h"
-#include "windows/hwnd/PlainMirrors.h"
+#include "windows/gdi/FacePainter.h"
 
 namespace dlv {
 
@@ -32,7 +32,7 @@ void TabMirror::Apply() {
     for (std::size_t i = 0; i < tabs_.Tabs().size(); ++i) {
         const TabStrip::Tab& tab = tabs_.Tabs()[i];
         if (i < shown_.size() && shown_[i] == tab) continue;
-        std::wstring text = Wide(WithoutAccessKeys(tab.caption));
+        std::wstring text = Wide(WithAccessKey(tab.caption, tab.key));
         TCITEMW item{};
         item.mask = TCIF_TEXT;
         item.pszText = text.data();

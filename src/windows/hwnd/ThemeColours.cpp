@@ -30,7 +30,8 @@ private:
 
 // The theme has no property for it: the page is painted and one pixel of it read.
 COLORREF PageColour(const Palette& palette) {
-    if (palette.highContrast || !IsAppThemed()) return palette.face;
+    if (palette.highContrast || palette.face != GetSysColor(COLOR_BTNFACE) || !IsAppThemed())
+        return palette.face;
     const Theme theme(L"TAB");
     if (theme.Get() == nullptr) return palette.face;
     const WindowDc screen(nullptr);

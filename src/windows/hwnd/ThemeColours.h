@@ -7,7 +7,8 @@
 
 namespace dlv {
 
-/// The colour that the theme paints a page in; the face colour without a theme. Inside a ControlsScope.
+/// The colour that the theme paints a page in; the face colour without a theme, and where it is the
+/// container's own. Inside a ControlsScope.
 COLORREF PageColour(const Palette& palette);
 
 }  // namespace dlv

@@ -5,6 +5,19 @@
 
 namespace dlv {
 
+namespace {
+
+std::vector<std::string> NamesOf(const VARIANT& columns) {
+    std::vector<std::string> names;
+    const HRESULT result = GuardMethod(IID_NULL, [&] { names = TextsOf(columns); });
+    if (result == DISP_E_TYPEMISMATCH)
+        throw RunTimeError(kErrorTypeMismatch, "Type mismatch: Columns is no array of names");
+    Check(result);
+    return names;
+}
+
+}  // namespace
+
 STDMETHODIMP TableObject::get_Name(BSTR* value) {
     return GiveText(value, [&] { return table_->Name(); });
 }
@@ -31,8 +44,9 @@ STDMETHODIMP TableObject::AddRow(_QZWebRow** value) {
 
 STDMETHODIMP TableObject::Fill(VARIANT columns, VARIANT values) {
     return Own([&] {
-        const std::vector<std::string> names = TextsOf(columns);
-        table_->Fill(names, TextsOfRows(values, names.size()));
+        TableFill fill(NamesOf(columns));
+        FillFrom(values, fill);
+        table_->Fill(std::move(fill));
     });
 }
 

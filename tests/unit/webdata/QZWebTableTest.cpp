@@ -169,6 +169,56 @@ TEST(QZWebTable, FillReplacesAllRows) {
     EXPECT_EQ(table.RowCount(), 0u);
 }
 
+TEST(QZWebTable, AFillForgetsWhereColumnsStood) {
+    QZWebTable table("T");
+    table.Fill(std::vector<std::string>{"A", "B"}, std::vector<std::string>{"1", "2"});
+    const auto keyOfB = [&] {
+        const RowTable::Column column = table.FindColumn("B");
+        std::uint32_t key = 0;
+        table.ReadKeys(1, {&column, 1}, {&key, 1});
+        return key;
+    };
+    EXPECT_EQ(keyOfB(), 2u);
+    table.Fill(std::vector<std::string>{"A"}, std::vector<std::string>{"1"});
+    EXPECT_EQ(keyOfB(), RowTable::kNoKey);
+}
+
+TEST(QZWebTable, EqualTextsOfAFillShareAKeyUntilOneIsSet) {
+    QZWebTable table("T");
+    const std::string quotes = "a \"quoted\" 'text'";
+    table.Fill(std::vector<std::string>{"A", "B"},
+               std::vector<std::string>{quotes, "", "u", quotes, quotes, "u"});
+    EXPECT_EQ(RowsOf(table), "{ A=[" + quotes + "]}{ A=[u] B=[" + quotes + "]}{ A=[" + quotes + "] B=[u]}");
+    const auto key = [&](std::size_t row, const char* name) {
+        const RowTable::Column column = table.FindColumn(name);
+        std::uint32_t found = 0;
+        table.ReadKeys(row, {&column, 1}, {&found, 1});
+        return found;
+    };
+    EXPECT_EQ(key(1, "A"), key(2, "B"));
+    EXPECT_EQ(key(2, "A"), key(3, "B"));
+    EXPECT_NE(key(1, "A"), key(1, "B"));
+    table.SetField(1, "A", "v");
+    EXPECT_EQ(RowsOf(table), "{ A=[v]}{ A=[u] B=[" + quotes + "]}{ A=[" + quotes + "] B=[u]}");
+    EXPECT_EQ(ErrorOf([&] { table.Fill(std::vector<std::string>{"A"}, std::vector<std::string>{"\xFF"}); }),
+              "5 Invalid procedure call or argument");
+}
+
+TEST(QZWebTable, IsFilledCellByCell) {
+    QZWebTable table = Loaded("<row Old='1'/>");
+    TableFill fill(std::vector<std::string>{"A", "B"});
+    fill.Expect(2);
+    fill.Add("x");
+    fill.AddWhole(2147483647);
+    fill.AddWhole(0);
+    EXPECT_EQ(fill.Row(), 1u);
+    EXPECT_EQ(fill.Column(), 1u);
+    fill.AddWhole(-2147483647 - 1);
+    EXPECT_EQ(table.RowCount(), 1u) << "nothing of it is in the table yet";
+    table.Fill(std::move(fill));
+    EXPECT_EQ(RowsOf(table), "{ A=[x] B=[2147483647]}{ A=[0] B=[-2147483648]}");
+}
+
 TEST(QZWebTable, WhatXmlCannotHoldIsRefusedWhenItIsWritten) {
     QZWebTable table("T");
     table.AddRow();

@@ -37,6 +37,9 @@ protected:
                 wchar_t caption[128];
                 GetClassNameW(child, name, 64);
                 GetWindowTextW(child, caption, 128);
+                // Without the mark of an access key.
+                if (wchar_t* mark = wcschr(caption, L'&'); mark != nullptr)
+                    wmemmove(mark, mark + 1, wcslen(mark));
                 if (lstrcmpiW(name, wanted.className) != 0 || !IsWindowVisible(child)) return TRUE;
                 if (wanted.text != nullptr && lstrcmpW(caption, wanted.text) != 0) return TRUE;
                 wanted.found = child;

@@ -55,5 +55,45 @@ INSTANTIATE_TEST_SUITE_P(Members, OddAnswer,
                          testing::Values(L"Name", L"Data", L"Table", L"RowCount", L"Row", L"Field",
                                          L"Property"));
 
+TEST(Hostile, DecimalsWithoutAMeaningAreRefused) {
+    const ComPtr<_DLViewer> viewer = New<_DLViewer>(L"DLViewer");
+    ASSERT_EQ(Initialize(viewer.Get()), S_OK);
+    VARIANT decimal{};
+    decimal.decVal.Lo64 = 7;
+    for (const auto& [scale, sign] : {std::pair{29, 0}, std::pair{255, 0}, std::pair{0, 1}}) {
+        decimal.decVal.scale = static_cast<BYTE>(scale);
+        decimal.decVal.sign = static_cast<BYTE>(sign);
+        decimal.vt = VT_DECIMAL;
+        EXPECT_EQ(Call(viewer.Get(), L"ReceiveMessage", {_variant_t(), decimal, _variant_t(L"")}).code,
+                  DISP_E_TYPEMISMATCH)
+            << scale;
+    }
+    decimal.decVal.scale = 0;
+    decimal.decVal.sign = 0;
+    decimal.vt = VT_DECIMAL;
+    EXPECT_EQ(Call(viewer.Get(), L"ReceiveMessage", {_variant_t(), decimal, _variant_t(L"")}).result, S_OK);
+}
+
+TEST(Hostile, ArraysWithoutMemoryAreRefused) {
+    const ComPtr<_DLViewer> viewer = New<_DLViewer>(L"DLViewer");
+    ASSERT_EQ(Initialize(viewer.Get()), S_OK);
+    for (const VARTYPE type : {VARTYPE{VT_BSTR}, VARTYPE{VT_VARIANT}}) {
+        SAFEARRAYBOUND bound{3, 0};
+        SAFEARRAY* const array = SafeArrayCreate(type, 1, &bound);
+        ASSERT_EQ(SafeArrayDestroyData(array), S_OK);
+        array->pvData = nullptr;
+        VARIANT value{};
+        value.vt = static_cast<VARTYPE>(VT_ARRAY | type);
+        value.parray = array;
+        DISPPARAMS arguments{&value, nullptr, 1, 0};
+        constexpr DISPID kSetSessionBUIDList = 0x60030022;
+        EXPECT_EQ(viewer->Invoke(kSetSessionBUIDList, IID_NULL, 0, DISPATCH_METHOD, &arguments, nullptr,
+                                 nullptr, nullptr),
+                  DISP_E_TYPEMISMATCH)
+            << type;
+        SafeArrayDestroyDescriptor(array);
+    }
+}
+
 }  // namespace
 }  // namespace dlv::test

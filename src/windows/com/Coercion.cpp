@@ -13,6 +13,13 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
+/// Some systems look numbers up by a decimal's scale before they have tested it.
+bool IsNoDecimal(const VARIANT& plain) {
+    constexpr BYTE kLargestScale = 28;
+    return plain.vt == VT_DECIMAL &&
+           (plain.decVal.scale > kLargestScale || (plain.decVal.sign & ~DECIMAL_NEG) != 0);
+}
+
 HRESULT Change(const VARIANT& value, VARTYPE type, Variant& changed) {
     Variant plain;
     const HRESULT found = Dereference(value, plain);
@@ -21,6 +28,7 @@ HRESULT Change(const VARIANT& value, VARTYPE type, Variant& changed) {
         changed = std::move(plain);
         return S_OK;
     }
+    if (IsNoDecimal(*plain.Address())) return DISP_E_TYPEMISMATCH;
     const HRESULT result =
         VariantChangeTypeEx(changed.Address(), plain.Address(), LOCALE_INVARIANT, VARIANT_ALPHABOOL, type);
     if (result == DISP_E_OVERFLOW || result == E_OUTOFMEMORY) return result;
@@ -39,6 +47,8 @@ Variant Object(const VARIANT& value) {
     Variant plain;
     Check(Dereference(value, plain));
     if (plain->vt == VT_DISPATCH) return plain;
+    // How script engines write no object.
+    if (plain->vt == VT_NULL) return Variant(static_cast<IDispatch*>(nullptr));
     if (plain->vt != VT_UNKNOWN) throw ComError(DISP_E_TYPEMISMATCH);
     ComPtr<IDispatch> object;
     if (plain->punkVal != nullptr && FAILED(plain->punkVal->QueryInterface(IID_PPV_ARGS(&object))))

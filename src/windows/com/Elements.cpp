@@ -2,6 +2,8 @@
 
 #include <oleauto.h>
 
+#include <algorithm>
+
 #include "windows/com/ComError.h"
 
 namespace dlv {
@@ -35,6 +37,11 @@ bool IsAutomationValue(VARTYPE type) {
     }
 }
 
+bool IsMeantToHaveElements(const SAFEARRAY& array) {
+    return std::all_of(array.rgsabound, array.rgsabound + array.cDims,
+                       [](const SAFEARRAYBOUND& bound) { return bound.cElements > 0; });
+}
+
 }  // namespace
 
 bool Elements::CanRead(SAFEARRAY& array) {
@@ -46,6 +53,8 @@ Elements::Elements(SAFEARRAY& array) : array_(array) {
     if (!CanRead(array)) throw ComError(DISP_E_TYPEMISMATCH);
     Check(SafeArrayGetVartype(&array, &type_));
     size_ = SafeArrayGetElemsize(&array);
+    // Bounds may have been described for which no memory was ever made.
+    if (array.pvData == nullptr && IsMeantToHaveElements(array)) throw ComError(DISP_E_TYPEMISMATCH);
     Check(SafeArrayAccessData(&array, &data_));
 }
 

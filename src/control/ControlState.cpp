@@ -23,6 +23,7 @@ DLViewer::State::State(Platform& usedPlatform, HostEvents& events)
       summary(form, mDLV, captions, collapsed, trap),
       hierarchy(form, mDLV, captions, collapsed, trap),
       drillDown(form, mDLV),
+      reasons(form, mDLV, captions, summary, hierarchy),
       envelope(outside,
                [this](const RunTimeError& error, std::string_view location) { Report(error, location); }),
       profileDocument(profiles, form, mDLV, collapsed, hierarchy, outside, trap),

@@ -12,6 +12,7 @@
 #include "profiles/ResultEnvelope.h"
 #include "ui/frmError.h"
 #include "views/DrillDown.h"
+#include "views/FigureReasons.h"
 #include "views/HierarchyView.h"
 #include "views/SummaryView.h"
 
@@ -47,6 +48,7 @@ struct DLViewer::State {
     SummaryView summary;
     HierarchyView hierarchy;
     DrillDown drillDown;
+    FigureReasons reasons;
     ResultEnvelope envelope;
     ProfileDocument profileDocument;
     ProfileExchange profileExchange;

@@ -67,6 +67,10 @@ public:
     /// The text for a key in the control's language.
     std::string Caption(std::string_view key) const;
 
+    /// Why the figure in a cell of the grid of that index is what it is, in the user's language; empty where
+    /// there is nothing to say.
+    std::string WhyThisFigure(int index, int row, int column) const;
+
     struct State;
     /// What the session player and the tests read besides the form.
     const State& Inner() const { return *state_; }

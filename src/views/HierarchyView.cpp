@@ -17,7 +17,7 @@ constexpr int kLastColumn = kColumns - 1;
 constexpr Colour kNameHeader = 0xD9FCFD;
 constexpr Colour kStatusHeader = 0xFAFDC6;
 constexpr Colour kRateHeader = 0xE4FEE3;
-constexpr Colour kNotChosen = 0xD0D0D0;
+constexpr Colour kNotChosenColour = 0xD0D0D0;
 
 constexpr std::array<const char*, kLastColumn> kCaptionKeys = {
     "BusinessUnits", "TechCount", "HoursRemaining", "HoursCompleted", "Open",   "Warning",
@@ -147,11 +147,14 @@ void HierarchyView::ShowTree(OutlineGrid& grid, const std::vector<OutlineTree::P
 
 void HierarchyView::FillFigures(const BusinessUnits& model, const Dictionary& chosen) {
     const std::vector<UnitFigures> sums = controller_.SumUnits(model, chosen);
+    unitsOfRows_.assign(static_cast<std::size_t>(form_.vsFlex[1].Rows()), kNotChosen);
     for (int row = kFirstRow; row < form_.vsFlex[1].Rows(); ++row)
-        for (const int index : {1, 2}) form_.vsFlex[index].SetRowBackColour(row, kNotChosen);
+        for (const int index : {1, 2}) form_.vsFlex[index].SetRowBackColour(row, kNotChosenColour);
     for (std::size_t i = 0; i < sums.size(); ++i) {
         const int row = form_.vsFlex[1].FindRow(chosen.At(i).key);
-        if (row != OutlineGrid::kNoRow && sums[i].units > 0) FillRow(row, sums[i]);
+        if (row == OutlineGrid::kNoRow) continue;
+        unitsOfRows_[static_cast<std::size_t>(row)] = sums[i].units;
+        if (sums[i].units > 0) FillRow(row, sums[i]);
     }
     lastChosen_ = JoinKeys(chosen, '|');
 }

@@ -3,7 +3,9 @@
 // others are empty and grey.
 #pragma once
 
+#include <algorithm>
 #include <memory>
+#include <vector>
 
 #include "model/cDLVController.h"
 #include "ui/CaptionCatalogue.h"
@@ -29,6 +31,11 @@ public:
     /// its collapsed nodes stay.
     void UpdateFigures(const BusinessUnits& model, const Dictionary& chosen);
 
+    /// Whether the unit of the row was among those that the last figures were for, and how many units of the
+    /// model its figures sum.
+    bool Chosen(int row) const { return UnitsOf(row) != kNotChosen; }
+    std::int64_t SummedUnits(int row) const { return std::max<std::int64_t>(0, UnitsOf(row)); }
+
     /// Whether a fill has reached its end.
     bool Filled() const { return filled_; }
 
@@ -43,12 +50,19 @@ private:
     void FillFigures(const BusinessUnits& model, const Dictionary& chosen);
     void FillRow(int row, const UnitFigures& figures);
 
+    static constexpr std::int64_t kNotChosen = -1;
+    std::int64_t UnitsOf(int row) const {
+        const std::size_t place = static_cast<std::size_t>(row);
+        return place < unitsOfRows_.size() ? unitsOfRows_[place] : kNotChosen;
+    }
+
     ViewerForm& form_;
     cDLVController& controller_;
     const CaptionCatalogue& captions_;
     CollapsedNodes& collapsed_;
     const Trap& trap_;
     std::string lastChosen_;
+    std::vector<std::int64_t> unitsOfRows_;  // by row; `kNotChosen` for a unit that was not
     bool filled_ = false;
 };
 

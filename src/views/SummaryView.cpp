@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/Number.h"
+#include "views/FigureReasons.h"
 #include "views/FitGridHeight.h"
 #include "views/SummaryRows.h"
 
@@ -102,10 +103,16 @@ void SummaryView::TakeSelection() {
     summed_ = lastMode_ == 0 ? controller_.GetBUList() : controller_.GetAggregateBUList();
 }
 
-std::vector<const BusinessUnit*> SummaryView::Units(const BusinessUnits& model) const {
+std::vector<const BusinessUnit*> SummaryView::Units(const BusinessUnits& model) {
     std::vector<const BusinessUnit*> units;
-    for (const auto& entry : summed_)
-        if (const BusinessUnit* unit = model.Item(entry.key)) units.push_back(unit);
+    firstSummed_.clear();
+    for (const auto& entry : summed_) {
+        const BusinessUnit* unit = model.Item(entry.key);
+        if (unit == nullptr) continue;
+        units.push_back(unit);
+        if (firstSummed_.size() < kNamedUnits) firstSummed_.push_back(entry.key);
+    }
+    summedCount_ = units.size();
     return units;
 }
 

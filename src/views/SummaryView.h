@@ -29,6 +29,9 @@ public:
     const Dictionary& CurrentSelection() const { return selection_; }
     /// The ids that were summed then: the chosen ones, or with all their descendants.
     const Dictionary& SummedUnits() const { return summed_; }
+    /// How many of them the model held, and the first ids of those.
+    std::size_t SummedCount() const { return summedCount_; }
+    const std::vector<std::string>& FirstSummed() const { return firstSummed_; }
     /// The unit option in force then: 0 the chosen units themselves, 1 their aggregate.
     int LastMode() const { return lastMode_; }
 
@@ -39,7 +42,7 @@ private:
     void TakeSelection();
     void ResetSummary();
     /// The units to be summed, in order, those alone that the model holds.
-    std::vector<const BusinessUnit*> Units(const BusinessUnits& model) const;
+    std::vector<const BusinessUnit*> Units(const BusinessUnits& model);
     void SumPanel(const UnitFigures& sum);
     void AddClassRows(const BusinessUnits& model, std::span<const BusinessUnit* const> units);
     void ShowEmptyTotal();
@@ -60,6 +63,8 @@ private:
     const Trap& trap_;
     Dictionary selection_;
     Dictionary summed_;
+    std::size_t summedCount_ = 0;
+    std::vector<std::string> firstSummed_;
     int lastMode_ = 0;
     bool gridFilled_ = false;
 };

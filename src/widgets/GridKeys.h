@@ -1,12 +1,11 @@
-// What a person does to an outline grid: which key means which command, and what each command does to the
-// grid's current cell, its nodes and what of it is in sight. One table holds the keys.
+// What a person can do in an outline grid: the commands, the keys that give them, and the menu. One table
+// holds the keys; the manual page on keys is held to it.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string_view>
-
-#include "widgets/OutlineGrid.h"
 
 namespace dlv {
 
@@ -30,44 +29,42 @@ enum class GridCommand {
     OpenNode,
     CloseNode,
     OpenAllBelow,
+    CloseAllBelow,
     Parent,
     DrillDown,
+    SelectAll,
+    Copy,
+    CopyWithHeadings,
+    FitColumns,
+    Menu,
 };
 
-enum class ControlKey { Up, Down };
+/// Which of Ctrl and Shift are down.
+enum class Modifiers : std::uint8_t { None = 0, Control = 1, Shift = 2, ControlShift = 3 };
 
 struct GridKey {
-    int key;  // a virtual-key code
-    ControlKey control;
+    int key;         // a virtual-key code; 0 for a key that is known by its character alone
+    char character;  // 0 for one that is not
+    Modifiers with;
     GridCommand command;
     std::string_view name;
     std::string_view does;
 };
 
-/// All keys of the grid. A key that occurs twice means the same in both rows.
+/// All keys of the grid. With Shift, a key that moves the current cell also selects.
 std::span<const GridKey> GridKeys();
-std::optional<GridCommand> CommandForKey(int key, ControlKey control);
+/// With Shift, a key that has no meaning of its own means the same as without.
+std::optional<GridCommand> CommandForKey(int key, Modifiers with);
+/// For a character that was typed, whatever keys it took.
+std::optional<GridCommand> CommandForCharacter(char32_t character);
 
-/// How much of the grid is in sight.
-struct GridSight {
-    /// Rows below the header that are wholly in sight, at least 1.
-    int fullRows = 1;
-    /// Width of the columns that are in sight, in twips.
-    double width = 0;
+/// An entry of the grid's menu; `caption` is the key of its text. An empty one is a line.
+struct GridMenuItem {
+    GridCommand command;
+    std::string_view caption;
+    /// The key as the menu names it; empty for none.
+    std::string_view key;
 };
-
-/// Does nothing for `DrillDown`, which is for the grid's owner.
-void RunGridCommand(OutlineGrid& grid, GridCommand command, const GridSight& sight);
-
-/// Opens a closed node and closes an open one. A current cell that would be hidden moves to the node.
-void ToggleNode(OutlineGrid& grid, int row);
-
-/// Makes the cell the current one and brings it into sight.
-void GoToCell(OutlineGrid& grid, int row, int column, const GridSight& sight);
-
-/// Moves what is in sight by so many rows, down when positive, but not beyond the ends.
-void ScrollRows(OutlineGrid& grid, int rows, const GridSight& sight);
-/// The same to the right, in twips.
-void ScrollColumns(OutlineGrid& grid, double distance, const GridSight& sight);
+std::span<const GridMenuItem> GridMenu();
 
 }  // namespace dlv

@@ -111,7 +111,28 @@ public:
     /// Where the current row goes away, the current cell is (0, 0).
     int CurrentRow() const { return currentRow_; }
     int CurrentColumn() const { return currentColumn_; }
+    /// The current cell is the only one that is selected then.
     void SetCurrentCell(int row, int column);
+    /// Makes the cell the current one; all cells between the one before and it are selected, those of further
+    /// calls counted from the same one.
+    void ExtendSelection(int row, int column);
+    /// Selects all cells below the header and leaves the current one as it is.
+    void SelectAll();
+    bool AllSelected() const { return allSelected_; }
+
+    /// Rows and columns, the last ones included. Rows that are not displayed stand in it too.
+    struct Block {
+        int firstRow;
+        int lastRow;
+        int firstColumn;
+        int lastColumn;
+        bool Holds(int row, int column) const {
+            return row >= firstRow && row <= lastRow && column >= firstColumn && column <= lastColumn;
+        }
+        bool operator==(const Block&) const = default;
+    };
+    /// Nothing while the current cell is in the header.
+    std::optional<Block> Selection() const;
     /// The first displayed row below the header, as a place among the displayed rows.
     int TopIndex() const;
     void SetTopIndex(int index);
@@ -124,6 +145,10 @@ public:
         std::string currentData;
         int currentRow = 0;
         int currentColumn = 0;
+        std::string anchorData;
+        int anchorRow = 0;
+        int anchorColumn = 0;
+        bool allSelected = false;
         std::string topData;
         int topRow = 0;
         double scrollLeft = 0;
@@ -167,6 +192,7 @@ private:
     void DropUnusedTexts();
     std::string TextOf(const Cell& cell) const;
     void IndexRows() const;
+    std::string DataOf(int row) const { return row < Rows() ? RowData(row) : std::string(); }
     int RowOfView(const std::string& data, int row) const;
 
     int columns_ = 0;
@@ -183,6 +209,9 @@ private:
 
     int currentRow_ = 0;
     int currentColumn_ = 0;
+    int anchorRow_ = 0;
+    int anchorColumn_ = 0;
+    bool allSelected_ = false;
     int topIndex_ = 0;
     double scrollLeft_ = 0;
     bool redraw_ = true;

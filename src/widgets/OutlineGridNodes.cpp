@@ -1,4 +1,4 @@
-// Outline, order and view of the grid: sorting, grouping, collapsing, and what is displayed.
+// Outline and order of the grid: sorting, grouping, collapsing, and what is displayed.
 #include <algorithm>
 #include <numeric>
 
@@ -113,46 +113,6 @@ int OutlineGrid::DisplayedIndex(int row) const {
     const std::vector<int>& rows = DisplayedRows();
     const auto after = std::ranges::upper_bound(rows, row);
     return static_cast<int>(after - rows.begin()) - 1;
-}
-
-void OutlineGrid::SetCurrentCell(int row, int column) {
-    Assign(currentRow_, row);
-    Assign(currentColumn_, column);
-}
-
-int OutlineGrid::TopIndex() const {
-    const int last = static_cast<int>(DisplayedRows().size()) - 1;
-    return std::clamp(topIndex_, fixedRows_, std::max(fixedRows_, last));
-}
-
-void OutlineGrid::SetTopIndex(int index) { Assign(topIndex_, index); }
-
-OutlineGrid::View OutlineGrid::SaveView() const {
-    View view;
-    view.currentRow = currentRow_;
-    view.currentColumn = currentColumn_;
-    view.scrollLeft = scrollLeft_;
-    if (currentRow_ < Rows()) view.currentData = RowData(currentRow_);
-    const int top = TopIndex();
-    if (Index(top) < DisplayedRows().size()) {
-        view.topRow = DisplayedRows()[Index(top)];
-        view.topData = RowData(view.topRow);
-    }
-    return view;
-}
-
-// A row without data is the grand total, which always stands first.
-int OutlineGrid::RowOfView(const std::string& data, int row) const {
-    if (!data.empty()) return FindRow(data);
-    return row == fixedRows_ && row < Rows() ? row : kNoRow;
-}
-
-void OutlineGrid::RestoreView(const View& view) {
-    if (const int row = RowOfView(view.currentData, view.currentRow); row != kNoRow)
-        SetCurrentCell(row, view.currentColumn);
-    const int top = RowOfView(view.topData, view.topRow);
-    SetTopIndex(top == kNoRow ? fixedRows_ : DisplayedIndex(top));
-    SetScrollLeft(view.scrollLeft);
 }
 
 }  // namespace dlv

@@ -6,6 +6,7 @@ namespace dlv {
 
 namespace {
 
+constexpr int kCellPadding = 4;
 constexpr int kIndent = 15;
 constexpr int kBoxSize = 9;
 constexpr int kTreeTextRoom = 60;
@@ -133,12 +134,37 @@ std::optional<GridLayout::Hit> GridLayout::HitTest(POINT point) const {
     return hit;
 }
 
-std::string ShownText(const OutlineGrid& grid, int row, int column) {
-    std::string text = grid.CellText(row, column);
-    if (column != grid.TreeColumn()) return text;
-    for (int before = column - 1; text.empty() && before >= 0 && row >= grid.FixedRows(); --before)
-        if (grid.ColumnWidth(before) == 0) text = grid.CellText(row, before);
-    return text;
+std::optional<GridLayout::Hit> GridLayout::NearestCell(POINT point) const {
+    const int last = std::min(EndIndex(), grid_.FixedRows() + DataRows()) - 1;
+    if (last < top_ || ColumnsWidth() == 0) return std::nullopt;
+    const RECT rows{0, headerHeight_, inner_.cx, RowArea(last).bottom};
+    point.x =
+        std::clamp(point.x, rows.left, std::max(rows.left, std::min(rows.right, RowArea(last).right) - 1));
+    point.y = std::clamp(point.y, rows.top, rows.bottom - 1);
+    const int index = top_ + (static_cast<int>(point.y) - headerHeight_) / rowHeight_;
+    const auto edge = std::upper_bound(edges_.begin(), edges_.end(), static_cast<int>(point.x) + scrolled_);
+    const int column = std::min(static_cast<int>(edge - edges_.begin()) - 1, grid_.Columns() - 1);
+    return Hit{grid_.DisplayedRows()[Index(index)], column, false};
+}
+
+std::optional<int> GridLayout::EdgeAt(POINT point) const {
+    if (point.y < 0 || point.y >= headerHeight_ || point.x >= inner_.cx) return std::nullopt;
+    for (int column = grid_.Columns() - 1; column >= grid_.TreeColumn(); --column)
+        if (grid_.ColumnWidth(column) > 0 &&
+            std::abs(static_cast<int>(point.x) - ColumnRight(column)) <= scale_(3))
+            return column;
+    return std::nullopt;
+}
+
+RECT GridLayout::TextArea(int index, int column) const {
+    RECT area = CellArea(index, column);
+    const int padding = scale_(kCellPadding);
+    area.left = column == grid_.TreeColumn()
+                    ? TextPosition(Depth(grid_.DisplayedRows()[Index(index)])) + padding / 2
+                    : area.left + padding;
+    area.right -= padding + 1;
+    --area.bottom;
+    return area;
 }
 
 }  // namespace dlv

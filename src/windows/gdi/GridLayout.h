@@ -5,7 +5,6 @@
 #include "windows/com/PlainWindows.h"
 
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "widgets/OutlineGrid.h"
@@ -41,6 +40,8 @@ public:
     int ColumnLeft(int column) const { return edges_[Index(column)] - scrolled_; }
     int ColumnRight(int column) const { return edges_[Index(column) + 1] - scrolled_; }
     RECT CellArea(int index, int column) const;
+    /// Where the text of a data cell may stand.
+    RECT TextArea(int index, int column) const;
 
     /// How deep a row stands in the outline, from 0, as far as the tree column has room to show it.
     int Depth(int row) const;
@@ -56,6 +57,10 @@ public:
         bool onNodeBox;
     };
     std::optional<Hit> HitTest(POINT point) const;
+    /// The data cell nearest to a point, also to one outside; nothing when there is no such row.
+    std::optional<Hit> NearestCell(POINT point) const;
+    /// The column whose right edge the point is at, in the header, where the edge can be taken hold of.
+    std::optional<int> EdgeAt(POINT point) const;
 
 private:
     static std::size_t Index(int value) { return static_cast<std::size_t>(value); }
@@ -75,9 +80,5 @@ private:
     bool verticalBar_ = false;
     bool horizontalBar_ = false;
 };
-
-/// The text that a cell shows: a row whose tree column is empty shows there the text of the hidden columns
-/// before it.
-std::string ShownText(const OutlineGrid& grid, int row, int column);
 
 }  // namespace dlv

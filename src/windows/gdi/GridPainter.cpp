@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <functional>
 
+#include "widgets/GridText.h"
 #include "windows/com/Strings.h"
 
 namespace dlv {
 
 namespace {
 
-constexpr int kCellPadding = 4;
 constexpr UINT kCaptionFormat = DT_CENTER | DT_WORDBREAK;
 
 RECT Inside(RECT area) {
@@ -118,21 +118,21 @@ void GridPainter::PaintRow(int index, const RECT& clip) const {
     }
 }
 
-bool GridPainter::IsCurrent(int row, int column) const {
-    return row == grid_.CurrentRow() && column == grid_.CurrentColumn();
-}
-
 void GridPainter::PaintCell(int index, int row, int column) const {
     const Palette& colours = canvas_.Colours();
     const RECT area = Inside(layout_.CellArea(index, column));
-    const bool current = IsCurrent(row, column);
-    const bool held = current && focus_ != GridFocus::None;
+    const bool current = row == grid_.CurrentRow() && column == grid_.CurrentColumn();
+    const std::optional<OutlineGrid::Block> selection = grid_.Selection();
+    const bool selected = selection && column >= grid_.TreeColumn() && selection->Holds(row, column);
+    const bool held = selected && focus_ != GridFocus::None;
     const std::optional<Colour> colour = grid_.RowBackColour(row);
-    const COLORREF ground = held ? colours.selected : current ? colours.resting : colours.Ground(colour);
-    const COLORREF ink = held ? colours.selectedText : current ? colours.restingText : colours.TextOn(colour);
+    const COLORREF ground = held ? colours.selected : selected ? colours.resting : colours.Ground(colour);
+    const COLORREF ink = held       ? colours.selectedText
+                         : selected ? colours.restingText
+                                    : colours.TextOn(colour);
     const bool tree = column == grid_.TreeColumn();
     RECT filled = area;
-    if (tree && current) {
+    if (tree && selected) {
         // The bars keep the row's own ground, so that they stay readable.
         filled.left = std::min(area.right, static_cast<LONG>(layout_.TextPosition(layout_.Depth(row))));
         canvas_.Fill({area.left, area.top, filled.left, area.bottom}, colours.Ground(colour));
@@ -142,10 +142,7 @@ void GridPainter::PaintCell(int index, int row, int column) const {
 
     const std::wstring text = Wide(ShownText(grid_, row, column));
     const Weight weight = grid_.RowBold(row) || grid_.ColumnBold(column) ? Weight::Bold : Weight::Regular;
-    const int padding = canvas_.Scaled(kCellPadding);
-    RECT place = area;
-    place.right -= padding;
-    place.left = tree ? layout_.TextPosition(layout_.Depth(row)) + padding / 2 : place.left + padding;
+    const RECT place = layout_.TextArea(index, column);
     const UINT side = column > grid_.TreeColumn() ? DT_RIGHT : DT_LEFT;
     if (place.right > place.left)
         canvas_.Text(place, text, weight, ink, side | DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS);
@@ -204,11 +201,16 @@ std::size_t RowFingerprint(const OutlineGrid& grid, int index) {
     const int nextLevel = place + 1 < rows.size() ? grid.Level(rows[place + 1]) : 0;
     std::size_t sum = 0;
     const int base = grid.Level(grid.FixedRows());
-    const int facts[] = {grid.Level(row) - base, nextLevel - base,
+    const std::optional<OutlineGrid::Block> selection = grid.Selection();
+    const bool selected = selection && row >= selection->firstRow && row <= selection->lastRow;
+    const int facts[] = {grid.Level(row) - base,
+                         nextLevel - base,
                          (grid.RowBold(row) ? 1 : 0) | (grid.IsNode(row) && grid.HasChildren(row) ? 2 : 0) |
                              (grid.IsCollapsed(row) ? 4 : 0),
                          static_cast<int>(grid.RowBackColour(row).value_or(0xFFFFFFFF)),
-                         grid.CurrentRow() == row ? grid.CurrentColumn() : -1};
+                         grid.CurrentRow() == row ? grid.CurrentColumn() : -1,
+                         selected ? selection->firstColumn : -1,
+                         selected ? selection->lastColumn : -1};
     for (const int fact : facts) sum = Combine(sum, static_cast<std::size_t>(static_cast<unsigned>(fact)));
     for (int column = 0; column < grid.Columns(); ++column)
         sum = Combine(sum, std::hash<std::string>{}(ShownText(grid, row, column)));

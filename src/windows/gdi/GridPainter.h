@@ -39,7 +39,6 @@ private:
     void PaintCell(int index, int row, int column) const;
     void PaintTree(int index, int row, const RECT& cell) const;
     void PaintNodeBox(const RECT& box, bool collapsed) const;
-    bool IsCurrent(int row, int column) const;
 
     const Canvas& canvas_;
     const OutlineGrid& grid_;

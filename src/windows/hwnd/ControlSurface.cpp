@@ -206,4 +206,8 @@ void ControlSurface::GridKeyPressed(OutlineGrid& grid, int key, bool shift) {
     Host().Viewer().vsFlex_KeyDown(IndexOf(grid), key, shift);
 }
 
+std::string ControlSurface::GridExplanation(OutlineGrid& grid, int row, int column) {
+    return Host().Viewer().WhyThisFigure(IndexOf(grid), row, column);
+}
+
 }  // namespace dlv

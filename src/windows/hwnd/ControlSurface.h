@@ -37,6 +37,7 @@ private:
     void GridPressed(OutlineGrid& grid, int button) override;
     void GridDoubleClicked(OutlineGrid& grid, int row, int column) override;
     void GridKeyPressed(OutlineGrid& grid, int key, bool shift) override;
+    std::string GridExplanation(OutlineGrid& grid, int row, int column) override;
     void FocusEntered() override { Host().FocusEntered(); }
     void FocusLeft() override { Host().FocusLeft(); }
 

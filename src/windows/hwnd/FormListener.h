@@ -22,6 +22,8 @@ public:
     /// The cell under the mouse; (-1, -1) outside all cells.
     virtual void GridDoubleClicked(OutlineGrid& /*grid*/, int /*row*/, int /*column*/) {}
     virtual void GridKeyPressed(OutlineGrid& /*grid*/, int /*key*/, bool /*shift*/) {}
+    /// What the figure in a cell stands for, in words; empty where there is nothing to say.
+    virtual std::string GridExplanation(OutlineGrid& /*grid*/, int /*row*/, int /*column*/) { return {}; }
     virtual void FocusTaken(Control& /*control*/) {}
     /// The focus came into one of the form's windows from outside, or left them for the outside.
     virtual void FocusEntered() {}

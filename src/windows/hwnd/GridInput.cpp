@@ -1,27 +1,19 @@
-// Keys, mouse, wheel and scroll bars of the grid's window.
+// Keys, characters, menu, wheel and scroll bars of the grid's window.
 #include <windowsx.h>
 
 #include <algorithm>
+#include <utility>
 
+#include "windows/com/Strings.h"
+#include "windows/hwnd/Clipboard.h"
+#include "windows/hwnd/GridMenuWindow.h"
 #include "windows/hwnd/GridWindow.h"
 
 namespace dlv {
 
 namespace {
 
-constexpr int kLeftButton = 1;
-constexpr int kRightButton = 2;
-constexpr int kMiddleButton = 4;
 constexpr double kBarStep = Pixels(24);
-
-int ButtonOf(UINT message) {
-    if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) return kLeftButton;
-    return message == WM_RBUTTONDOWN || message == WM_RBUTTONDBLCLK ? kRightButton : kMiddleButton;
-}
-
-bool IsDoubleClick(UINT message) {
-    return message == WM_LBUTTONDBLCLK || message == WM_RBUTTONDBLCLK || message == WM_MBUTTONDBLCLK;
-}
 
 /// Whole steps out of wheel movements that may be finer than one; what is left over waits in `rest`.
 int WheelSteps(int& rest, int delta, int perNotch) {
@@ -32,26 +24,35 @@ int WheelSteps(int& rest, int delta, int perNotch) {
     return steps;
 }
 
-/// What a key does in the grid with the keys that are down beside it.
+Modifiers ModifiersDown() {
+    const bool control = GetKeyState(VK_CONTROL) < 0;
+    const bool shift = GetKeyState(VK_SHIFT) < 0;
+    if (control) return shift ? Modifiers::ControlShift : Modifiers::Control;
+    return shift ? Modifiers::Shift : Modifiers::None;
+}
+
+/// What a key does in the grid with the keys that are down beside it. The menu comes from the system itself.
 std::optional<GridCommand> OwnCommand(int key) {
     if (GetKeyState(VK_MENU) < 0) return std::nullopt;
-    return CommandForKey(key, GetKeyState(VK_CONTROL) < 0 ? ControlKey::Down : ControlKey::Up);
+    const std::optional<GridCommand> command = CommandForKey(key, ModifiersDown());
+    return command == GridCommand::Menu ? std::nullopt : command;
 }
+
+std::int64_t Milliseconds() { return static_cast<std::int64_t>(GetTickCount64()); }
 
 }  // namespace
 
 std::optional<LRESULT> GridWindow::OnInput(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (const std::optional<LRESULT> result = mouse_.OnMessage(message, wParam, lParam)) return result;
     switch (message) {
         case WM_GETDLGCODE: return OnDialogCode(reinterpret_cast<const MSG*>(lParam));
         case WM_KEYDOWN:
             if (OnKey(static_cast<int>(wParam))) return 0;
             return std::nullopt;
-        case WM_LBUTTONDOWN:
-        case WM_RBUTTONDOWN:
-        case WM_MBUTTONDOWN:
-        case WM_LBUTTONDBLCLK:
-        case WM_RBUTTONDBLCLK:
-        case WM_MBUTTONDBLCLK: OnButton(message, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}); return 0;
+        case WM_CHAR:
+            if (OnCharacter(static_cast<wchar_t>(wParam))) return 0;
+            return std::nullopt;
+        case WM_CONTEXTMENU: OnMenu(MenuPlace(lParam)); return 0;
         case WM_VSCROLL: OnVerticalBar(LOWORD(wParam)); return 0;
         case WM_HSCROLL: OnHorizontalBar(LOWORD(wParam)); return 0;
         case WM_MOUSEWHEEL:
@@ -64,8 +65,10 @@ std::optional<LRESULT> GridWindow::OnInput(UINT message, WPARAM wParam, LPARAM l
 
 LRESULT GridWindow::OnDialogCode(const MSG* message) const {
     LRESULT code = DLGC_WANTARROWS | DLGC_WANTCHARS;
-    if (message != nullptr && message->message == WM_KEYDOWN && OwnCommand(static_cast<int>(message->wParam)))
-        code |= DLGC_WANTMESSAGE;
+    if (message == nullptr || message->message != WM_KEYDOWN) return code;
+    const bool escapes =
+        message->wParam == VK_ESCAPE && (mouse_.Dragging() || typed_.Running(Milliseconds()));
+    if (escapes || OwnCommand(static_cast<int>(message->wParam))) code |= DLGC_WANTMESSAGE;
     return code;
 }
 
@@ -81,36 +84,114 @@ void GridWindow::Normalise(const GridLayout& layout) {
 }
 
 bool GridWindow::OnKey(int key) {
+    mouse_.HideTip();
+    if (key == VK_ESCAPE) return OnEscape();
     const std::optional<GridCommand> command = OwnCommand(key);
+    skipCharacter_ = command.has_value();
     if (!command) return false;
     SendMessageW(Handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
-    if (*command == GridCommand::DrillDown) {
-        Owner().Listener().GridKeyPressed(grid_, key, GetKeyState(VK_SHIFT) < 0);
-        return true;
-    }
-    const GridLayout layout = Layout();
-    Normalise(layout);
-    RunGridCommand(grid_, *command, Sight(layout));
+    const bool shift = GetKeyState(VK_SHIFT) < 0;
+    if (*command == GridCommand::DrillDown)
+        Owner().Listener().GridKeyPressed(grid_, key, shift);
+    else
+        Run(*command, shift ? Selecting::Block : Selecting::Cell);
     return true;
 }
 
-// A click on a node's box is for the node alone.
-void GridWindow::OnButton(UINT message, POINT point) {
-    SetFocus(Handle());
-    const std::optional<GridLayout::Hit> hit = Layout().HitTest(point);
-    const int button = ButtonOf(message);
-    if (hit && hit->onNodeBox && button == kLeftButton) {
-        ToggleNode(grid_, hit->row);
-        return;
+bool GridWindow::OnEscape() {
+    const bool typing = typed_.Running(Milliseconds());
+    if (!typing && !mouse_.Dragging()) return false;
+    typed_.Forget();
+    mouse_.CancelDrag();
+    return true;
+}
+
+// Comes composed: by dead keys, by input methods, in two units beyond the first plane.
+bool GridWindow::OnCharacter(wchar_t unit) {
+    if (std::exchange(skipCharacter_, false)) return true;
+    const wchar_t high = std::exchange(highSurrogate_, wchar_t{0});
+    if (IS_HIGH_SURROGATE(unit)) {
+        highSurrogate_ = unit;
+        return true;
     }
-    if (hit && hit->row >= grid_.FixedRows() && button == kLeftButton)
-        grid_.SetCurrentCell(hit->row, hit->column);
-    Owner().Listener().GridPressed(grid_, button);
-    if (!IsDoubleClick(message)) return;
-    if (hit)
-        Owner().Listener().GridDoubleClicked(grid_, hit->row, hit->column);
+    char32_t character = unit;
+    if (IS_LOW_SURROGATE(unit)) {
+        if (high == 0) return true;
+        character = 0x10000u + ((high - 0xD800u) << 10) + (unit - 0xDC00u);
+    }
+    constexpr char32_t kDelete = 0x7F;
+    if (character < ' ' || character == kDelete) return false;
+    const std::int64_t now = Milliseconds();
+    if (!typed_.Running(now)) {
+        if (const std::optional<GridCommand> command = CommandForCharacter(character)) {
+            Run(*command, Selecting::Cell);
+            return true;
+        }
+        if (character == ' ') return false;
+    }
+    SendMessageW(Handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+    if (const int row = typed_.Type(grid_, character, now); row != OutlineGrid::kNoRow)
+        GoTo(row, std::max(grid_.CurrentColumn(), grid_.TreeColumn()), Selecting::Cell);
+    return true;
+}
+
+void GridWindow::Run(GridCommand command, Selecting selecting) {
+    const GridLayout layout = Layout();
+    Normalise(layout);
+    switch (command) {
+        case GridCommand::Copy: return Copy(Headings::Without);
+        case GridCommand::CopyWithHeadings: return Copy(Headings::With);
+        case GridCommand::FitColumns: return FitColumns(grid_, layout.TopIndex(), Measuring());
+        default: return RunGridCommand(grid_, command, Sight(layout), selecting);
+    }
+}
+
+void GridWindow::GoTo(int row, int column, Selecting selecting) {
+    const GridLayout layout = Layout();
+    Normalise(layout);
+    GoToCell(grid_, row, column, Sight(layout), selecting);
+}
+
+void GridWindow::Copy(Headings headings) {
+    if (const std::string text = CopyText(grid_, headings); text.empty() || !CopyToClipboard(Handle(), text))
+        MessageBeep(MB_ICONWARNING);
+}
+
+TextMeasure GridWindow::Measuring() const {
+    return [this](const std::string& text, bool bold) {
+        const Look& look = Kept();
+        return look.scale.ToTwips(look.fonts.TextWidth(Wide(text), bold ? Weight::Bold : Weight::Regular));
+    };
+}
+
+void GridWindow::FitColumn(int column) {
+    const double width = FittingWidth(grid_, column, Layout().TopIndex(), Measuring());
+    if (width > 0) grid_.SetColumnWidth(column, width);
+}
+
+/// Where the menu pops up: at the mouse, or below the current cell when a key asked for it.
+POINT GridWindow::MenuPlace(LPARAM lParam) {
+    if (lParam != -1) return {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    POINT place{0, 0};
+    const int row = grid_.CurrentRow();
+    if (row >= grid_.FixedRows() && row < grid_.Rows()) {
+        GoTo(row, grid_.CurrentColumn(), Selecting::Block);
+        const RECT cell = Layout().CellArea(grid_.DisplayedIndex(row), grid_.CurrentColumn());
+        place = {std::max(0L, cell.left), cell.bottom};
+    }
+    ClientToScreen(Handle(), &place);
+    return place;
+}
+
+void GridWindow::OnMenu(POINT place) {
+    mouse_.HideTip();
+    mouse_.CancelDrag();
+    const std::optional<GridCommand> command = ChooseGridCommand(grid_, Host(), Owner().Parent(), place);
+    if (!command || Handle() == nullptr || Host().Ending()) return;
+    if (*command == GridCommand::DrillDown)
+        Owner().Listener().GridKeyPressed(grid_, VK_RETURN, false);
     else
-        Owner().Listener().GridDoubleClicked(grid_, -1, -1);
+        Run(*command, Selecting::Cell);
 }
 
 void GridWindow::OnVerticalBar(int request) {

@@ -38,6 +38,7 @@ GridFocus GridWindow::FocusNow() const {
 // While redrawing is off, the old picture stands; what changed meanwhile shows when it is on again.
 void GridWindow::Apply() {
     if (!grid_.Redraw()) return;
+    mouse_.HideTip();
     const GridLayout layout = Layout();
     UpdateBars(layout);
     InvalidateChanges(layout);
@@ -103,10 +104,16 @@ void GridWindow::InvalidateChanges(const GridLayout& layout) {
     snapshot_ = std::move(now);
 }
 
-void GridWindow::InvalidateRow(int row) {
-    if (row < grid_.FixedRows() || row >= grid_.Rows()) return;
-    RECT area = Layout().RowArea(grid_.DisplayedIndex(row));
-    InvalidateRect(Handle(), &area, FALSE);
+void GridWindow::InvalidateSelection() {
+    const std::optional<OutlineGrid::Block> selection = grid_.Selection();
+    if (!selection) return;
+    const GridLayout layout = Layout();
+    const int last = std::min(grid_.DisplayedIndex(selection->lastRow), layout.EndIndex() - 1);
+    for (int index = std::max(grid_.DisplayedIndex(selection->firstRow), layout.TopIndex()); index <= last;
+         ++index) {
+        const RECT area = layout.RowArea(index);
+        InvalidateRect(Handle(), &area, FALSE);
+    }
 }
 
 void GridWindow::PaintInto(HDC dc, const RECT& clip) const {
@@ -153,12 +160,16 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (!updatingBars_) Apply();
             return 0;
         case WM_SETFOCUS:
-        case WM_KILLFOCUS: InvalidateRow(grid_.CurrentRow()); break;
+        case WM_KILLFOCUS:
+            mouse_.HideTip();
+            InvalidateSelection();
+            break;
         case WM_UPDATEUISTATE: {
             const LRESULT result = Default(message, wParam, lParam);
-            InvalidateRow(grid_.CurrentRow());
+            InvalidateSelection();
             return result;
         }
+        case WM_DESTROY: mouse_.EndTip(); break;
         default:
             if (const std::optional<LRESULT> result = OnInput(message, wParam, lParam)) return *result;
             break;

@@ -5,21 +5,36 @@
 #include <optional>
 #include <vector>
 
-#include "widgets/GridKeys.h"
+#include "widgets/GridFit.h"
+#include "widgets/GridText.h"
+#include "widgets/GridWalk.h"
+#include "widgets/TypeAhead.h"
 #include "windows/gdi/GridPainter.h"
 #include "windows/gdi/PaintBuffer.h"
+#include "windows/hwnd/GridMouse.h"
 #include "windows/hwnd/Mirror.h"
 
 namespace dlv {
 
 class GridWindow : public Mirror {
 public:
-    GridWindow(FormWindows& form, OutlineGrid& grid) : Mirror(form, grid), grid_(grid) {}
+    GridWindow(FormWindows& form, OutlineGrid& grid) : Mirror(form, grid), grid_(grid), mouse_(*this, grid) {}
     void Make(HWND parent) override;
     void Apply() override;
     void LookChanged() override;
     bool TakesFocus() const override { return true; }
     std::string ToolTip() const override { return {}; }
+
+    // For the mouse.
+
+    FormWindows& Form() const { return Owner(); }
+    GridLayout Layout() const;
+    Scale Measure() const { return Kept().scale; }
+    const Fonts& Faces() const { return Kept().fonts; }
+    /// Makes the cell the current one and brings it into sight.
+    void GoTo(int row, int column, Selecting selecting);
+    /// Makes the column as wide as what it shows.
+    void FitColumn(int column);
 
 protected:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -36,26 +51,36 @@ private:
         std::vector<std::size_t> rows;
     };
 
-    GridLayout Layout() const;
     GridSight Sight(const GridLayout& layout) const;
     GridFocus FocusNow() const;
 
     void UpdateBars(const GridLayout& layout);
     void InvalidateChanges(const GridLayout& layout);
-    void InvalidateRow(int row);
+    void InvalidateSelection();
     void Paint();
     void PaintInto(HDC dc, const RECT& clip) const;
 
     std::optional<LRESULT> OnInput(UINT message, WPARAM wParam, LPARAM lParam);
     void Normalise(const GridLayout& layout);
     bool OnKey(int key);
+    bool OnEscape();
+    bool OnCharacter(wchar_t unit);
+    void Run(GridCommand command, Selecting selecting);
+    void Copy(Headings headings);
+    TextMeasure Measuring() const;
+    void OnMenu(POINT place);
+    POINT MenuPlace(LPARAM lParam);
     LRESULT OnDialogCode(const MSG* message) const;
-    void OnButton(UINT message, POINT point);
     void OnVerticalBar(int request);
     void OnHorizontalBar(int request);
     bool OnWheel(UINT message, int delta);
 
     OutlineGrid& grid_;
+    GridMouse mouse_;
+    TypeAhead typed_;
+    wchar_t highSurrogate_ = 0;
+    /// The key just pressed was a command; the character that comes with it is not meant.
+    bool skipCharacter_ = false;
     Snapshot snapshot_;
     Bitmap picture_;
     SIZE pictureSize_{};

@@ -43,6 +43,31 @@ TEST(GridView, FollowsTheRowsThatItNames) {
     }
 }
 
+TEST(GridView, KeepsWhatIsSelected) {
+    const OutlineGrid::Block all{2, 5, 0, 2};
+    const struct {
+        const char* name;
+        bool everything;
+        std::vector<std::string> after;
+        std::optional<OutlineGrid::Block> block;
+    } rows[] = {{"rows moved apart", false, {"", "b", "new", "a"}, OutlineGrid::Block{3, 5, 0, 1}},
+                {"its far end is gone", false, {"", "x", "b"}, OutlineGrid::Block{4, 4, 1, 1}},
+                {"its current row is gone", false, {"", "a"}, std::nullopt},
+                {"all stays all", true, {"", "x", "y", "z"}, all}};
+    for (const auto& row : rows) {
+        OutlineGrid grid("grid");
+        Fill(grid, {"", "a", "b"});
+        grid.SetCurrentCell(3, 0);
+        grid.ExtendSelection(4, 1);
+        if (row.everything) grid.SelectAll();
+        const OutlineGrid::View view = grid.SaveView();
+        grid.SetRows(2);
+        Fill(grid, row.after);
+        grid.RestoreView(view);
+        EXPECT_EQ(grid.Selection(), row.block) << row.name;
+    }
+}
+
 TEST(GridView, ShowsTheNodeThatHidesTheTopRow) {
     OutlineGrid grid("grid");
     Fill(grid, {"root", "a", "b"});

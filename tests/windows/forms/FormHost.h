@@ -95,6 +95,8 @@ public:
     OuterWindow outer;
     FormWindows windows;
     std::vector<std::string> done;
+    /// What every cell of the grid is explained by.
+    std::string explanation;
 
 private:
     void Clicked(Control& control) override;
@@ -103,6 +105,7 @@ private:
     void GridPressed(OutlineGrid& grid, int button) override;
     void GridDoubleClicked(OutlineGrid& grid, int row, int column) override;
     void GridKeyPressed(OutlineGrid& grid, int key, bool shift) override;
+    std::string GridExplanation(OutlineGrid&, int, int) override { return explanation; }
 };
 
 /// A key as it arrives at the window with the focus.

@@ -1,0 +1,74 @@
+#include "widgets/GridText.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace dlv {
+
+namespace {
+
+void AppendQuoted(std::string& text, const std::string& cell) {
+    if (cell.find_first_of("\t\r\n\"") == std::string::npos) {
+        text += cell;
+        return;
+    }
+    text += '"';
+    for (const char c : cell) {
+        if (c == '"') text += '"';
+        text += c;
+    }
+    text += '"';
+}
+
+/// One row of the text: `textOf` gives what stands in each of the columns.
+template <class TextOf>
+void AppendRow(std::string& text, const std::vector<int>& columns, TextOf&& textOf) {
+    for (const int column : columns) {
+        AppendQuoted(text, textOf(column));
+        text += '\t';
+    }
+    text.pop_back();
+    text += "\r\n";
+}
+
+}  // namespace
+
+std::string ShownText(const OutlineGrid& grid, int row, int column) {
+    std::string text = grid.CellText(row, column);
+    if (column != grid.TreeColumn() || row < grid.FixedRows()) return text;
+    for (int hidden = column - 1; text.empty() && hidden >= 0 && grid.ColumnWidth(hidden) == 0; --hidden)
+        text = grid.CellText(row, hidden);
+    return text;
+}
+
+std::string ColumnHeading(const OutlineGrid& grid, int column) {
+    std::string heading;
+    std::string last;
+    for (int row = 0; row < std::min(grid.FixedRows(), grid.Rows()); ++row) {
+        std::string caption = grid.CellText(row, column);
+        if (caption.empty() || caption == last) continue;
+        if (!heading.empty()) heading += ": ";
+        heading += caption;
+        last = std::move(caption);
+    }
+    return heading;
+}
+
+std::string CopyText(const OutlineGrid& grid, Headings headings) {
+    const auto block = grid.Selection();
+    if (!block) return {};
+    std::vector<int> columns;
+    for (int column = block->firstColumn; column <= block->lastColumn; ++column)
+        if (column >= grid.TreeColumn() && grid.ColumnWidth(column) > 0) columns.push_back(column);
+    if (columns.empty()) return {};
+    std::string text;
+    if (headings == Headings::With)
+        AppendRow(text, columns, [&](int column) { return ColumnHeading(grid, column); });
+    const std::vector<int>& rows = grid.DisplayedRows();
+    for (auto row = std::ranges::lower_bound(rows, block->firstRow);
+         row != rows.end() && *row <= block->lastRow; ++row)
+        AppendRow(text, columns, [&](int column) { return ShownText(grid, *row, column); });
+    return text;
+}
+
+}  // namespace dlv

@@ -68,6 +68,8 @@ TEST_F(AmbientTest, TheFontIsFollowed) {
     const LONG before = FontHeight();
     Ambients().font = MakeFont(L"Tahoma", 18);
     Tell(DISPID_AMBIENT_FONT);
+    EXPECT_LT(-FontHeight(), -2 * before) << "a small control has no room for it";
+    ASSERT_EQ(control.container.SetPlace({0, 0, 1800, 1000}), S_OK);
     EXPECT_EQ(FontHeight(), 2 * before);
     Ambients().font.Reset();
     Tell(DISPID_UNKNOWN);

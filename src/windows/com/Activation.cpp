@@ -33,6 +33,11 @@ HWND WindowOf(IOleWindow* object) {
 
 }  // namespace
 
+Zoom Activation::CurrentZoom() const {
+    if (window_) return window_->CurrentZoom();
+    return ZoomFor(ambience_.Look(), ScreenDpi(), extent_.Pixels(ScreenDpi()), kLeastControlSize);
+}
+
 HRESULT Activation::ActivateInPlace() {
     // A window that goes gives the focus to the container's, which may want to hand it straight back.
     if (leaving_) return OLEOBJ_S_CANNOT_DOVERB_NOW;

@@ -43,6 +43,7 @@ public:
     ControlWindow* Window() const { return window_.get(); }
     HWND WindowHandle() const { return window_ ? window_->Handle() : nullptr; }
     int Dpi() const { return window_ ? window_->Dpi() : ScreenDpi(); }
+    Zoom CurrentZoom() const;
 
     HWND DialogOwner() const noexcept;
     void SetContainerModeless(Modeless state);

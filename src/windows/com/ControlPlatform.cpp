@@ -69,17 +69,23 @@ std::string ControlPlatform::InterfaceLanguage() {
 
 double ControlPlatform::SurfaceWidth() {
     const ControlWindow* window = activation_.Window();
-    return window != nullptr ? window->SurfaceWidth() : extent_.TwipsWide();
+    return window != nullptr ? window->SurfaceWidth() : extent_.TwipsWide() * Shrinking();
 }
 
 double ControlPlatform::SurfaceHeight() {
     const ControlWindow* window = activation_.Window();
-    return window != nullptr ? window->SurfaceHeight() : extent_.TwipsHigh();
+    return window != nullptr ? window->SurfaceHeight() : extent_.TwipsHigh() * Shrinking();
+}
+
+// What is zoomed has less room than there is.
+double ControlPlatform::Shrinking() const {
+    return static_cast<double>(activation_.Dpi()) / activation_.CurrentZoom().scale.Dpi();
 }
 
 double ControlPlatform::TextWidth(std::string_view text, bool bold) {
-    const FontChoice choice = ambience_.Look().Font();
-    const Scale scale(activation_.Dpi());
+    const Zoom zoom = activation_.CurrentZoom();
+    const FontChoice choice = zoom.appearance.Font();
+    const Scale scale = zoom.scale;
     if (!measuring_ || measuring_->dpi != scale.Dpi() || measuring_->choice != choice)
         measuring_.emplace(Measuring{choice, scale.Dpi(), Fonts(choice, scale)});
     return scale.ToTwips(measuring_->fonts.TextWidth(Wide(text), bold ? Weight::Bold : Weight::Regular));

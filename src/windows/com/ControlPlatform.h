@@ -39,6 +39,8 @@ private:
         Fonts fonts;
     };
 
+    double Shrinking() const;
+
     WindowHost& host_;
     const Extent& extent_;
     const Ambience& ambience_;

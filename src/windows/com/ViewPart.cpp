@@ -11,7 +11,7 @@ STDMETHODIMP ViewPart::Draw(DWORD aspect, LONG index, void*, DVTARGETDEVICE*, HD
     if (dc == nullptr || bounds == nullptr) return E_INVALIDARG;
     return host_.Method(IID_IViewObject2, [&] {
         const RECT place{bounds->left, bounds->top, bounds->right, bounds->bottom};
-        DrawControl(dc, place, host_.Viewer().Controls(), activation_.Dpi(), ambience_.Look());
+        DrawControl(dc, place, host_.Viewer().Controls(), activation_.CurrentZoom());
     });
 }
 

@@ -13,12 +13,16 @@ constexpr UINT_PTR kTimer = 1;
 
 INT_PTR CALLBACK NothingOfItsOwn(HWND, UINT, WPARAM, LPARAM) { return FALSE; }
 
-/// In the middle of the owner, but wholly on its screen.
-POINT Centred(HWND owner, SIZE size) {
+RECT ScreenOf(HWND owner) {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
     GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY), &monitor);
-    const RECT& screen = monitor.rcWork;
+    return monitor.rcWork;
+}
+
+/// In the middle of the owner, but wholly on its screen.
+POINT Centred(HWND owner, SIZE size) {
+    const RECT screen = ScreenOf(owner);
     RECT before = screen;
     if (owner != nullptr && !IsIconic(owner)) GetWindowRect(owner, &before);
     POINT place{(before.left + before.right - size.cx) / 2, (before.top + before.bottom - size.cy) / 2};
@@ -47,8 +51,9 @@ void FormDialog::Open(HWND owner) {
     if (dialog == nullptr) RaiseLastError();
     Adopt(dialog);
     SetWindowTextW(dialog, Wide(form_.Caption()).c_str());
-    SetSize(owner);
-    windows_.Make(dialog, font_, Scale(static_cast<int>(GetDpiForWindow(dialog))));
+    const Zoom zoom = ZoomOn(owner);
+    SetSize(owner, zoom.scale);
+    windows_.Make(dialog, zoom.appearance, zoom.scale);
     for (const Control* control : form_.Controls())
         if (const auto* button = dynamic_cast<const class Button*>(control); button && button->IsDefault())
             SendMessageW(dialog, DM_SETDEFID, static_cast<WPARAM>(button->IsCancel() ? IDCANCEL : IDOK), 0);
@@ -57,9 +62,17 @@ void FormDialog::Open(HWND owner) {
     windows_.TakeFocus(Direction::Forward);
 }
 
-void FormDialog::SetSize(HWND owner) {
+Zoom FormDialog::ZoomOn(HWND owner) const {
+    const RECT screen = ScreenOf(owner);
+    const Scale design;
+    return ZoomFor(
+        font_, static_cast<int>(GetDpiForWindow(Handle())),
+        {screen.right - screen.left, screen.bottom - screen.top},
+        {std::max(1, design.ToPixels(form_.Width())), std::max(1, design.ToPixels(form_.Height()))});
+}
+
+void FormDialog::SetSize(HWND owner, Scale scale) {
     const UINT dpi = GetDpiForWindow(Handle());
-    const Scale scale(static_cast<int>(dpi));
     RECT area{0, 0, scale.ToPixels(form_.Width()), scale.ToPixels(form_.Height())};
     AdjustWindowRectExForDpi(&area, static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_STYLE)), FALSE,
                              static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_EXSTYLE)), dpi);

@@ -24,7 +24,8 @@ private:
     void Clicked(Control& control) override;
     void FocusTaken(Control& control) override;
 
-    void SetSize(HWND owner);
+    Zoom ZoomOn(HWND owner) const;
+    void SetSize(HWND owner, Scale scale);
     void Press(WORD id);
     Button* ButtonFor(WORD id) const;
     void StartTimers();

@@ -221,9 +221,9 @@ int GroupStep(const Canvas& canvas, const LabelGroup& group) {
     return step;
 }
 
-void DrawControl(HDC dc, const RECT& place, ViewerForm& form, int dpi, const Appearance& appearance) {
+void DrawControl(HDC dc, const RECT& place, ViewerForm& form, const Zoom& zoom) {
     if (place.right == place.left || place.bottom == place.top) return;
-    const Look look(appearance, Scale(dpi));
+    const Look look(zoom.appearance, zoom.scale);
     if (GetObjectType(dc) == OBJ_METADC) return DrawAsBitmap(dc, place, form, look);
     const SaveScope save(dc);
     IntersectClipRect(dc, place.left, place.top, place.right, place.bottom);

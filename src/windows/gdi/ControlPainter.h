@@ -6,6 +6,7 @@
 
 #include "views/ViewerForm.h"
 #include "windows/gdi/Canvas.h"
+#include "windows/gdi/Zoom.h"
 
 namespace dlv {
 
@@ -16,8 +17,8 @@ std::vector<LabelGroup> HeadingGroups(const ViewerForm& form);
 /// smallest.
 int GroupStep(const Canvas& canvas, const LabelGroup& group);
 
-/// Draws the form into `place` (logical units of `dc`) as it looks at its own size at `dpi`. Any device
+/// Draws the form into `place` (logical units of `dc`) as it looks at its own size and that zoom. Any device
 /// context will do, a metafile's too.
-void DrawControl(HDC dc, const RECT& place, ViewerForm& form, int dpi, const Appearance& appearance = {});
+void DrawControl(HDC dc, const RECT& place, ViewerForm& form, const Zoom& zoom);
 
 }  // namespace dlv

@@ -31,12 +31,13 @@ void ControlSurface::Create(HWND parent, const RECT& place) {
     making.parent = parent;
     making.place = place;
     MakeOwn(kControlClass, making);
-    scale_ = Scale(static_cast<int>(GetDpiForWindow(Handle())));
+    dpi_ = static_cast<int>(GetDpiForWindow(Handle()));
+    zoom_ = WantedZoom();
     for (const Frame& page : Form().fraBU) windows_.SetPage(page);
     windows_.SetGroups(HeadingGroups(Form()));
     windows_.SetFirstFocus(Form().lvBU);
     const ControlsScope controls;
-    windows_.Make(Handle(), appearance_, scale_);
+    windows_.Make(Handle(), zoom_.appearance, zoom_.scale);
     OnSize();
 }
 
@@ -60,7 +61,7 @@ void ControlSurface::ApplyPointer() {
 Bounds ControlSurface::SizeInTwips() const {
     RECT area{};
     if (Handle() != nullptr) GetClientRect(Handle(), &area);
-    return {0, 0, scale_.ToTwips(area.right), scale_.ToTwips(area.bottom)};
+    return {0, 0, zoom_.scale.ToTwips(area.right), zoom_.scale.ToTwips(area.bottom)};
 }
 
 void ControlSurface::OnSize() {
@@ -68,15 +69,21 @@ void ControlSurface::OnSize() {
     GetClientRect(Handle(), &area);
     if (area.right == size_.cx && area.bottom == size_.cy) return;
     size_ = {area.right, area.bottom};
+    if (WantedZoom() != zoom_) ApplyZoom();
     Host().Viewer().UserControl_Resize();
 }
 
+Zoom ControlSurface::WantedZoom() const {
+    RECT area{};
+    GetClientRect(Handle(), &area);
+    return ZoomFor(appearance_, dpi_, {area.right, area.bottom}, kLeastControlSize);
+}
+
 void ControlSurface::SetDpi(int dpi) {
-    if (dpi == scale_.Dpi() || dpi <= 0) return;
-    scale_ = Scale(dpi);
-    size_ = {};
-    SystemChanged();
-    OnSize();
+    if (dpi == dpi_ || dpi <= 0) return;
+    dpi_ = dpi;
+    ApplyZoom();
+    Host().Viewer().UserControl_Resize();
 }
 
 void ControlSurface::SetAppearance(const Appearance& appearance) {
@@ -87,8 +94,15 @@ void ControlSurface::SetAppearance(const Appearance& appearance) {
 
 void ControlSurface::SystemChanged() {
     if (Handle() == nullptr || windows_.Parent() == nullptr) return;
+    const int before = zoom_.scale.Dpi();
+    ApplyZoom();
+    if (zoom_.scale.Dpi() != before) Host().Viewer().UserControl_Resize();
+}
+
+void ControlSurface::ApplyZoom() {
     const ControlsScope controls;
-    windows_.SetLook(appearance_, scale_);
+    zoom_ = WantedZoom();
+    windows_.SetLook(zoom_.appearance, zoom_.scale);
     RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 

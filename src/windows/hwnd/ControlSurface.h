@@ -21,7 +21,8 @@ public:
     bool PressAccessKey(char letter) { return windows_.PressAccessKey(letter); }
     DLViewer& Viewer() const { return Host().Viewer(); }
     Bounds SizeInTwips() const;
-    int Dpi() const { return scale_.Dpi(); }
+    int Dpi() const { return dpi_; }
+    const Zoom& CurrentZoom() const { return zoom_; }
     void SetDpi(int dpi);
     void SetAppearance(const Appearance& appearance);
 
@@ -29,6 +30,10 @@ private:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnSize();
     void SystemChanged();
+    /// Shows everything in the zoom for the present font, resolution and size, also when none of them
+    /// changed.
+    void ApplyZoom();
+    Zoom WantedZoom() const;
     void ApplyPointer();
 
     void Clicked(Control& control) override;
@@ -46,7 +51,8 @@ private:
 
     FormWindows windows_;
     Appearance appearance_;
-    Scale scale_;
+    int dpi_ = kDesignDpi;
+    Zoom zoom_;
     SIZE size_{};
     int pointer_ = kDefaultPointer;
 };

@@ -46,6 +46,8 @@ double ControlWindow::SurfaceHeight() const { return surface_->SizeInTwips().hei
 
 int ControlWindow::Dpi() const { return surface_->Dpi(); }
 
+Zoom ControlWindow::CurrentZoom() const { return surface_->CurrentZoom(); }
+
 void ControlWindow::SetDpi(int dpi) { surface_->SetDpi(dpi); }
 
 void ControlWindow::SetAppearance(const Appearance& appearance) { surface_->SetAppearance(appearance); }

@@ -8,7 +8,7 @@
 #include <memory>
 
 #include "windows/com/WindowHost.h"
-#include "windows/gdi/Appearance.h"
+#include "windows/gdi/Zoom.h"
 
 namespace dlv {
 
@@ -56,6 +56,7 @@ public:
     double SurfaceWidth() const;
     double SurfaceHeight() const;
     int Dpi() const;
+    Zoom CurrentZoom() const;
     /// Overrides the window's own resolution (tests).
     void SetDpi(int dpi);
     void SetAppearance(const Appearance& appearance);

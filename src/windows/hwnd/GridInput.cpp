@@ -184,7 +184,7 @@ POINT GridWindow::MenuPlace(LPARAM lParam) {
 }
 
 void GridWindow::OnMenu(POINT place) {
-    mouse_.HideTip();
+    mouse_.EndHover();
     mouse_.CancelDrag();
     const std::optional<GridCommand> command = ChooseGridCommand(grid_, Host(), Owner().Parent(), place);
     if (!command || Handle() == nullptr || Host().Ending()) return;

@@ -62,7 +62,7 @@ std::optional<LRESULT> GridMouse::OnMessage(UINT message, WPARAM wParam, LPARAM 
 }
 
 void GridMouse::OnPressed(UINT message, POINT point, WPARAM keys) {
-    HideTip();
+    EndHover();
     SetFocus(window_.Handle());
     const int button = ButtonOf(message);
     const GridLayout layout = window_.Layout();
@@ -161,6 +161,16 @@ void GridMouse::Hover(const GridLayout& layout, POINT point) {
     track.dwFlags = hit ? TME_HOVER | TME_LEAVE : TME_LEAVE;
     track.hwndTrack = window_.Handle();
     track.dwHoverTime = HOVER_DEFAULT;
+    TrackMouseEvent(&track);
+}
+
+void GridMouse::EndHover() {
+    HideTip();
+    hovered_.reset();
+    TRACKMOUSEEVENT track{};
+    track.cbSize = sizeof track;
+    track.dwFlags = TME_CANCEL | TME_HOVER | TME_LEAVE;
+    track.hwndTrack = window_.Handle();
     TrackMouseEvent(&track);
 }
 

@@ -24,6 +24,8 @@ public:
     /// Ends a drag; an edge goes back to where it was, what was selected stays.
     void CancelDrag();
     void HideTip() { tip_.Hide(); }
+    /// No tip shows before the mouse moves again.
+    void EndHover();
     /// To be called before the grid's window is destroyed.
     void EndTip() { tip_.Destroy(); }
 

@@ -38,7 +38,7 @@ struct PictureTest : testing::Test {
 };
 
 TEST_F(PictureTest, StandsWhereItShould) {
-    const auto draw = [&](HDC dc, const RECT& place) { DrawControl(dc, place, form, 96); };
+    const auto draw = [&](HDC dc, const RECT& place) { DrawControl(dc, place, form, Zoom{Scale(96)}); };
     EXPECT_EQ(PixelOf(draw, HeaderPoint()), kCyan);
     EXPECT_EQ(PixelOf(draw, {3, 3}), GetSysColor(COLOR_BTNFACE));
     EXPECT_EQ(PixelOf(draw, {-3, 3}), RGB(0, 0, 0)) << "drawn beyond its place";
@@ -50,14 +50,14 @@ TEST_F(PictureTest, FollowsTheMappingOfItsContext) {
         SetWindowExtEx(dc, 2, 2, nullptr);
         SetViewportExtEx(dc, 1, 1, nullptr);
         SetViewportOrgEx(dc, 100, 50, nullptr);
-        DrawControl(dc, {0, 0, 2000, 1200}, form, 96);
+        DrawControl(dc, {0, 0, 2000, 1200}, form, Zoom{Scale(96)});
     };
     EXPECT_EQ(PixelOf(halved, HeaderPoint()), kCyan);
 }
 
 TEST_F(PictureTest, FillsItsPlaceAtAnyResolution) {
     for (const int dpi : {96, 120, 192}) {
-        const auto draw = [&](HDC dc, const RECT& place) { DrawControl(dc, place, form, dpi); };
+        const auto draw = [&](HDC dc, const RECT& place) { DrawControl(dc, place, form, Zoom{Scale(dpi)}); };
         EXPECT_EQ(PixelOf(draw, HeaderPoint()), kCyan) << dpi;
     }
 }
@@ -65,7 +65,7 @@ TEST_F(PictureTest, FillsItsPlaceAtAnyResolution) {
 TEST_F(PictureTest, GoesIntoAMetafile) {
     const auto play = [&](HDC dc, const RECT& place) {
         const HDC record = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
-        DrawControl(record, {0, 0, 1000, 600}, form, 96);
+        DrawControl(record, {0, 0, 1000, 600}, form, Zoom{Scale(96)});
         const HENHMETAFILE file = CloseEnhMetaFile(record);
         ENHMETAHEADER header{};
         GetEnhMetaFileHeader(file, sizeof header, &header);
@@ -86,7 +86,7 @@ TEST_F(PictureTest, GoesIntoAnOldMetafileAsABitmap) {
     const HDC record = CreateMetaFileW(nullptr);
     SetMapMode(record, MM_ANISOTROPIC);
     SetWindowExtEx(record, 1000, 600, nullptr);
-    DrawControl(record, {0, 0, 1000, 600}, form, 96);
+    DrawControl(record, {0, 0, 1000, 600}, form, Zoom{Scale(96)});
     const HMETAFILE file = CloseMetaFile(record);
     ASSERT_NE(file, nullptr);
     const auto play = [&](HDC dc, const RECT& place) {
@@ -97,6 +97,35 @@ TEST_F(PictureTest, GoesIntoAnOldMetafileAsABitmap) {
     };
     EXPECT_EQ(PixelOf(play, HeaderPoint()), kCyan);
     DeleteMetaFile(file);
+}
+
+struct ZoomCase {
+    const char* name;
+    double points;
+    int dpi;
+    SIZE room;
+    int zoomedDpi;
+    double zoomedPoints;
+};
+
+TEST(ZoomOfTheControl, FollowsTheFontAsFarAsThereIsRoom) {
+    const ZoomCase cases[] = {
+        {"design", 9, 96, {1000, 700}, 96, 9},
+        {"a smaller font shrinks nothing", 8, 96, {1000, 700}, 96, 8},
+        {"a larger one enlarges all", 13.5, 96, {1400, 760}, 144, 9},
+        {"as far as it is wide", 13.5, 96, {1000, 760}, 112, 9},
+        {"as far as it is high", 13.5, 96, {1400, 500}, 112, 9},
+        {"in steps", 13.5, 96, {1010, 760}, 112, 9},
+        {"never below the resolution", 18, 144, {600, 400}, 144, 9},
+        {"at a higher resolution", 18, 144, {2600, 1300}, 288, 9},
+        {"without any room", 18, 96, {0, 0}, 96, 9},
+        {"a size that is none", 1e300, 96, {1712, 840}, 192, 9},
+    };
+    for (const ZoomCase& row : cases) {
+        const Zoom zoom = ZoomFor(FontChoice{L"Tahoma", row.points}, row.dpi, row.room, kLeastControlSize);
+        EXPECT_EQ(zoom.scale.Dpi(), row.zoomedDpi) << row.name;
+        EXPECT_EQ(zoom.appearance.Font().points, row.zoomedPoints) << row.name;
+    }
 }
 
 }  // namespace

@@ -95,5 +95,67 @@ TEST(Hostile, ArraysWithoutMemoryAreRefused) {
     }
 }
 
+/// An array that says what it holds, but has no memory for it.
+_variant_t WithoutMemory(ULONG count) {
+    _variant_t value;
+    EXPECT_EQ(SafeArrayAllocDescriptorEx(VT_BSTR, 1, &value.parray), S_OK);
+    value.parray->rgsabound[0] = {count, 0};
+    value.vt = VT_ARRAY | VT_BSTR;
+    return value;
+}
+
+/// Gives what `make` makes as its value.
+_variant_t ObjectWithValue(std::function<_variant_t()> make) {
+    const auto object = container::Make<ScriptObject>();
+    object->On(L"", [=](auto&, VARIANT& result) {
+        result = make().Detach();
+        return S_OK;
+    });
+    return _variant_t(static_cast<IDispatch*>(object.Get()));
+}
+
+TEST(Hostile, ArraysAndObjectsInPlaceOfTextsAreRefusedAtOnce) {
+    // To copy an endless array takes seconds; one without memory is more than some systems bear.
+    const auto endless = [] { return WithoutMemory(0xFFFFFFFF); };
+    const auto missing = [] { return WithoutMemory(3); };
+    _variant_t variable = endless();
+    const auto nowhere = [] {
+        _variant_t value;
+        value.vt = VT_BYREF | VT_BSTR;
+        return value;
+    };
+    const std::pair<const char*, _variant_t> values[] = {
+        {"endless array", Reference(variable)},
+        {"object with an endless array", ObjectWithValue(endless)},
+        {"object with an array without memory", ObjectWithValue(missing)},
+        {"object with an object", ObjectWithValue([=] { return ObjectWithValue(missing); })},
+        {"object that leads nowhere", ObjectWithValue(nowhere)}};
+    const ComPtr<IDispatch> params = New<IDispatch>(L"DLVParams");
+    const ComPtr<IDispatch> viewer = New<IDispatch>(L"DLViewer");
+    ASSERT_EQ(Call(viewer.Get(), L"Initialize", {_variant_t(static_cast<IDispatch*>(nullptr))}).result, S_OK);
+    const ULONGLONG start = GetTickCount64();
+    for (const auto& [name, value] : values) {
+        EXPECT_EQ(Put(params.Get(), L"BUID", {value}).result, DISP_E_TYPEMISMATCH) << name;
+        // What is no message is passed over.
+        EXPECT_EQ(Call(viewer.Get(), L"ReceiveMessage", {value, 0L, L""}).result, S_OK) << name;
+    }
+    EXPECT_LT(GetTickCount64() - start, 1000u);
+    EXPECT_EQ(Put(params.Get(), L"BUID", {ObjectWithValue([] { return _variant_t(L"12"); })}).result, S_OK);
+    EXPECT_EQ(std::wstring(_bstr_t(Call(params.Get(), L"BUID").value)), L"12");
+    // The system's own way to clear it would walk through all that is not there.
+    SafeArrayDestroyDescriptor(variable.parray);
+    variable.vt = VT_EMPTY;
+}
+
+TEST(Hostile, EmptyArraysMayHaveAnyBounds) {
+    const ComPtr<_DLViewer> viewer = New<_DLViewer>(L"DLViewer");
+    ASSERT_EQ(Initialize(viewer.Get()), S_OK);
+    for (const LONG lower : {LONG_MIN, -1L, 0L, LONG_MAX}) {
+        SAFEARRAY* array = SafeArrayCreateVector(VT_BSTR, lower, 0);
+        EXPECT_EQ(viewer->SetSessionBUIDList(&array), S_OK) << lower;
+        SafeArrayDestroy(array);
+    }
+}
+
 }  // namespace
 }  // namespace dlv::test

@@ -71,7 +71,8 @@ STDMETHODIMP ScriptObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DI
 
 STDMETHODIMP ScriptObject::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT* result,
                                   EXCEPINFO* exception, UINT*) {
-    // Its default member, for one, it has not.
+    for (std::size_t i = 0; id == DISPID_VALUE && i < members_.size(); ++i)
+        if (members_[i].first.empty()) id = static_cast<DISPID>(i + 1);
     if (id < 1 || static_cast<std::size_t>(id) > members_.size()) return DISP_E_MEMBERNOTFOUND;
     auto& [name, body] = members_.at(static_cast<std::size_t>(id - 1));
     ++calls_[name];

@@ -30,6 +30,7 @@ public:
 
     /// `typeName` is what the object's class is called.
     explicit ScriptObject(std::wstring typeName = {});
+    /// The default member has no name.
     void On(const std::wstring& member, Body body) { members_.emplace_back(member, std::move(body)); }
     int CallsOf(const std::wstring& member) const;
 

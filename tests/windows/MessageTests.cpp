@@ -76,6 +76,10 @@ TEST(Messages, OfAForeignClassOfThatNameAreReadThroughTheirMembers) {
     const auto data = ForeignMessage(L"QZWebMessage", L"DLVData");
     ASSERT_EQ(Receive(control.Viewer(), data.Get()), S_OK);
     EXPECT_EQ(control.ListedUnits(), 1u);
+    // One that tells no type but has all the members.
+    const auto nameless = ForeignMessage(L"", L"DLVData");
+    ASSERT_EQ(Receive(control.Viewer(), nameless.Get()), S_OK);
+    EXPECT_GT(nameless->CallsOf(L"Name"), 0);
     EXPECT_TRUE(closer.Texts().empty()) << testing::PrintToString(closer.Texts());
 }
 
@@ -84,7 +88,10 @@ TEST(Messages, OfAnyOtherTypeArePassedOver) {
     control.StartUp();
     const auto stranger = ForeignMessage(L"SomeMessage", L"DLVData");
     EXPECT_EQ(Receive(control.Viewer(), stranger.Get()), S_OK);
-    const auto nameless = ForeignMessage(L"", L"DLVData");
+    // Tells no type, and lacks a member that messages have.
+    const auto nameless = container::Make<ScriptObject>();
+    for (const wchar_t* member : {L"Name", L"Data"})
+        nameless->On(member, [](auto&, VARIANT& result) { return Return(result, L"DLVData"); });
     EXPECT_EQ(Receive(control.Viewer(), nameless.Get()), S_OK);
     EXPECT_EQ(Receive(control.Viewer(), New<_QZWebTable>(L"QZWebTable").Get()), S_OK);
     EXPECT_EQ(Receive(control.Viewer(), nullptr), S_OK);

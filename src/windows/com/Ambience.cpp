@@ -23,8 +23,9 @@ void Ambience::Read(DISPID id) {
 
 std::optional<LONG> Ambience::Number(DISPID id) const {
     std::optional<Variant> value = site_.Ambient(id);
-    // An object is no number, whatever its default property is.
-    if (!value || (*value)->vt == VT_DISPATCH || (*value)->vt == VT_UNKNOWN) return std::nullopt;
+    // An object is no number, whatever its default property is; an array is none that could be looked into.
+    if (!value || (*value)->vt == VT_DISPATCH || (*value)->vt == VT_UNKNOWN || ((*value)->vt & VT_ARRAY) != 0)
+        return std::nullopt;
     if (FAILED(VariantChangeType(value->Address(), value->Address(), 0, VT_I4))) return std::nullopt;
     return (*value)->lVal;
 }

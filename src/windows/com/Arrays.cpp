@@ -24,13 +24,6 @@ struct SafeArrayDeleter {
     void operator()(SAFEARRAY* array) const { SafeArrayDestroy(array); }
 };
 
-/// What stands behind references, without a copy; null when one of them leads nowhere.
-const VARIANT* Behind(const VARIANT& value) {
-    const VARIANT* plain = value.vt == (VT_BYREF | VT_VARIANT) ? value.pvarVal : &value;
-    const bool nowhere = plain == nullptr || ((plain->vt & VT_BYREF) != 0 && plain->byref == nullptr);
-    return nowhere ? nullptr : plain;
-}
-
 SAFEARRAY* ArrayOf(const VARIANT& plain) {
     return (plain.vt & VT_BYREF) != 0 ? *plain.pparray : plain.parray;
 }

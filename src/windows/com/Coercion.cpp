@@ -20,9 +20,26 @@ bool IsNoDecimal(const VARIANT& plain) {
            (plain.decVal.scale > kLargestScale || (plain.decVal.sign & ~DECIMAL_NEG) != 0);
 }
 
+/// What an object stands for by its default member; other values stand for themselves.
+HRESULT ResolveDefault(Variant& plain) {
+    if (plain->vt != VT_DISPATCH) return S_OK;
+    if (plain->pdispVal == nullptr) return DISP_E_TYPEMISMATCH;
+    Variant answer;
+    DISPPARAMS none{};
+    const HRESULT got = plain->pdispVal->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT,
+                                                DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none,
+                                                answer.Address(), nullptr, nullptr);
+    Variant value;
+    const HRESULT found = FAILED(got) ? got : Dereference(*answer, value);
+    if (FAILED(found)) return found == E_OUTOFMEMORY ? found : DISP_E_TYPEMISMATCH;
+    plain = std::move(value);
+    return plain->vt == VT_DISPATCH ? DISP_E_TYPEMISMATCH : S_OK;
+}
+
 HRESULT Change(const VARIANT& value, VARTYPE type, Variant& changed) {
     Variant plain;
-    const HRESULT found = Dereference(value, plain);
+    HRESULT found = Dereference(value, plain);
+    if (SUCCEEDED(found)) found = ResolveDefault(plain);
     if (FAILED(found)) return found;
     if (plain->vt == type) {
         changed = std::move(plain);
@@ -115,10 +132,16 @@ std::string TextOf(const VARIANT& value) { return Narrow(Changed(value, VT_BSTR)
 
 LONG LongOf(const VARIANT& value) { return Changed(value, VT_I4)->lVal; }
 
+const VARIANT* Behind(const VARIANT& value) {
+    const VARIANT* plain = value.vt == (VT_BYREF | VT_VARIANT) ? value.pvarVal : &value;
+    const bool nowhere = plain == nullptr || ((plain->vt & VT_BYREF) != 0 && plain->byref == nullptr);
+    return nowhere ? nullptr : plain;
+}
+
 HRESULT Dereference(const VARIANT& value, Variant& plain) {
-    const VARIANT* source = &value;
-    if (source->vt == (VT_BYREF | VT_VARIANT)) source = source->pvarVal;
-    if (source == nullptr || ((source->vt & VT_BYREF) != 0 && source->byref == nullptr)) return E_POINTER;
+    const VARIANT* source = Behind(value);
+    if (source == nullptr) return E_POINTER;
+    if ((source->vt & VT_ARRAY) != 0) return DISP_E_TYPEMISMATCH;
     return VariantCopyInd(plain.Address(), const_cast<VARIANT*>(source));
 }
 

@@ -22,7 +22,10 @@ LONG LongOf(const VARIANT& value);
 /// The same into `text`; false, and no change, for a value that has none.
 bool ReadText(const VARIANT& value, std::string& text);
 
-/// The value behind any references.
+/// What stands behind references, borrowed; null when one of them leads nowhere.
+const VARIANT* Behind(const VARIANT& value);
+/// A copy of the same, which is no array: to copy one may take long, and some systems read arrays that have
+/// no memory.
 HRESULT Dereference(const VARIANT& value, Variant& plain);
 
 }  // namespace dlv

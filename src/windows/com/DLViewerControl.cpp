@@ -15,13 +15,17 @@ constexpr std::string_view kMessageType = "QZWebMessage";
 /// not.
 HostObject TakeHostObject(const VARIANT& value) {
     HostObject taken{TypeNameOf(value), nullptr};
-    if (taken.typeName != kMessageType) return taken;
+    const bool unknown = taken.typeName == kTellsNoType;
+    if (taken.typeName != kMessageType && !unknown) return taken;
     Variant plain;
     Check(Dereference(value, plain));
     taken.message = MessageObject::Inside(*plain->punkVal);
     if (taken.message) return taken;
     ComPtr<IDispatch> object;
-    Check(plain->punkVal->QueryInterface(IID_PPV_ARGS(&object)));
+    plain->punkVal->QueryInterface(IID_PPV_ARGS(&object));
+    // Classes of some script engines tell no type: whoever has a message's members is one.
+    if (!object || (unknown && !ForeignMessage::IsLike(object.Get()))) return taken;
+    taken.typeName = kMessageType;
     taken.message = std::make_shared<ForeignMessage>(object.Get());
     return taken;
 }

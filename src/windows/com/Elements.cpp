@@ -62,12 +62,9 @@ Elements::~Elements() { SafeArrayUnaccessData(&array_); }
 
 UINT Elements::Dimensions() const { return SafeArrayGetDim(&array_); }
 
+// Not from the bounds: the upper one of an empty array may lie beyond all numbers.
 std::size_t Elements::Count(UINT dimension) const {
-    LONG lower = 0;
-    LONG upper = 0;
-    Check(SafeArrayGetLBound(&array_, dimension, &lower));
-    Check(SafeArrayGetUBound(&array_, dimension, &upper));
-    return upper < lower ? 0 : static_cast<std::size_t>(static_cast<std::int64_t>(upper) - lower + 1);
+    return array_.rgsabound[array_.cDims - dimension].cElements;
 }
 
 }  // namespace dlv

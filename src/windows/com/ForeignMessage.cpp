@@ -4,6 +4,11 @@
 
 namespace dlv {
 
+bool ForeignMessage::IsLike(IDispatch* object) {
+    const LateBound asked(object);
+    return asked.Has(L"Name") && asked.Has(L"Property") && asked.Has(L"Data");
+}
+
 std::string ForeignMessage::Name() const { return object_.Text(L"Name"); }
 
 std::string ForeignMessage::Property(std::string_view key) const {

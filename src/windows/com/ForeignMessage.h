@@ -13,6 +13,9 @@ namespace dlv {
 
 class ForeignMessage final : public MessageSource {
 public:
+    /// Whether an object has the members that are read of a message.
+    static bool IsLike(IDispatch* object);
+
     explicit ForeignMessage(IDispatch* object) : object_(object) {}
 
     std::string Name() const override;

@@ -1,5 +1,6 @@
 #include "windows/com/LateBound.h"
 
+#include <dispex.h>
 #include <ocidl.h>
 #include <oleauto.h>
 
@@ -69,7 +70,7 @@ std::string ClassNameOf(IUnknown& object) {
         if (name.starts_with('_')) name.erase(0, 1);
         if (!name.empty()) return name;
     }
-    return "Object";
+    return std::string(kTellsNoType);
 }
 
 std::string PlainTypeName(VARTYPE type) {
@@ -143,7 +144,12 @@ std::optional<std::string> LateBound::TextIfAny(const wchar_t* member, std::span
 std::optional<DISPID> LateBound::Find(const wchar_t* member) const {
     auto* name = const_cast<LPOLESTR>(member);
     DISPID id = DISPID_UNKNOWN;
-    if (!object_ || FAILED(object_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id)))
+    if (!object_) return std::nullopt;
+    if (SUCCEEDED(object_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id))) return id;
+    // Objects of some script engines know their members' names only here.
+    ComPtr<IDispatchEx> byName;
+    if (FAILED(object_.As(&byName)) ||
+        FAILED(byName->GetDispID(Bstr(std::wstring_view(member)).Get(), fdexNameCaseInsensitive, &id)))
         return std::nullopt;
     return id;
 }
@@ -169,12 +175,13 @@ Variant LateBound::Get(const wchar_t* member, std::span<Variant> arguments) cons
 }
 
 std::string TypeNameOf(const VARIANT& value) {
-    Variant plain;
-    if (FAILED(Dereference(value, plain))) return "Unknown";
-    if ((plain->vt & VT_ARRAY) != 0)
-        return PlainTypeName(static_cast<VARTYPE>(plain->vt & VT_TYPEMASK)) + "()";
-    if (plain->vt != VT_DISPATCH && plain->vt != VT_UNKNOWN) return PlainTypeName(plain->vt);
-    return plain->punkVal == nullptr ? "Nothing" : ClassNameOf(*plain->punkVal);
+    const VARIANT* told = Behind(value);
+    if (told == nullptr) return "Unknown";
+    const auto type = static_cast<VARTYPE>(told->vt & ~(VT_BYREF | VT_ARRAY));
+    if ((told->vt & VT_ARRAY) != 0) return PlainTypeName(type) + "()";
+    if (type != VT_DISPATCH && type != VT_UNKNOWN) return PlainTypeName(type);
+    IUnknown* const object = (told->vt & VT_BYREF) != 0 ? *told->ppunkVal : told->punkVal;
+    return object == nullptr ? "Nothing" : ClassNameOf(*object);
 }
 
 }  // namespace dlv

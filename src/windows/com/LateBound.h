@@ -9,6 +9,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "windows/com/Strings.h"
 
@@ -17,6 +18,9 @@ namespace dlv {
 class LateBound {
 public:
     explicit LateBound(IDispatch* object) : object_(object) {}
+
+    /// Whether the object knows a member of that name.
+    bool Has(const wchar_t* member) const { return Find(member).has_value(); }
 
     /// Reads a property, or calls a method, with at most one argument. Throws a RunTimeError: the object's
     /// own error with its number and text; error 438 when there is no such member.
@@ -42,9 +46,11 @@ private:
     Microsoft::WRL::ComPtr<IDispatch> object_;
 };
 
+inline constexpr std::string_view kTellsNoType = "Object";
+
 /// The type that a value says it has. An object: the name of its class, else that of its interface without a
-/// leading "_", "Object" when it tells neither, "Nothing" when there is none; other values: the names that
-/// Basic gives them ("String", "Long", "Variant()" ...).
+/// leading "_", kTellsNoType when it tells neither, "Nothing" when there is none; other values: the names
+/// that Basic gives them ("String", "Long", "Variant()" ...).
 std::string TypeNameOf(const VARIANT& value);
 
 }  // namespace dlv

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "tests/windows/Dialogs.h"
 #include "tests/windows/LateCall.h"
 #include "tests/windows/scripts/ScriptHost.h"
 
@@ -163,6 +164,24 @@ INSTANTIATE_TEST_SUITE_P(Languages, HostedScript,
                              return test.param.language == ScriptHost::Language::VBScript ? "VBScript"
                                                                                           : "JScript";
                          });
+
+/// Objects of its classes tell no type, and their members only by another interface than others do.
+class ScriptWithClasses : public HostedScript {};
+
+TEST_P(ScriptWithClasses, MakesAMessageThatIsShown) {
+    const std::string text = FileText(ScriptFolder("hosted") / GetParam().file);
+    const DialogCloser closer;
+    ScriptHost host(GetParam().language);
+    Run(host, std::wstring(text.begin(), text.end()));
+    EXPECT_EQ(ran, S_OK);
+    EXPECT_TRUE(host.Errors().empty()) << testing::PrintToString(host.Errors());
+    EXPECT_EQ(said, std::vector<std::wstring>{L"done"});
+    EXPECT_EQ(control.ListedUnits(), 2u);
+    EXPECT_TRUE(closer.Texts().empty()) << testing::PrintToString(closer.Texts());
+}
+
+INSTANTIATE_TEST_SUITE_P(Basic, ScriptWithClasses,
+                         testing::Values(HostedCase{ScriptHost::Language::VBScript, "message.vbs"}));
 
 }  // namespace
 }  // namespace dlv::test

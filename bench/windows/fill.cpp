@@ -12,11 +12,14 @@
 #include <string>
 #include <vector>
 
-#include "DashlonViewer.h"
+#include "bench/windows/Calls.h"
 #include "hosts/container/Library.h"
 
 namespace {
 
+using dlv::bench::Need;
+using dlv::bench::Now;
+using dlv::bench::StartUp;
 using dlv::container::Library;
 using Microsoft::WRL::ComPtr;
 
@@ -27,12 +30,6 @@ constexpr LONG kUnits = (kRows + kTypes * kClasses - 1) / (kTypes * kClasses);
 const wchar_t* const kCounters[] = {
     L"WOOpen",  L"WOWarning",  L"WOJeopardy",  L"WOLate",  L"WOCompleted",  L"WOCanceled",  L"WONotDone",
     L"PtsOpen", L"PtsWarning", L"PtsJeopardy", L"PtsLate", L"PtsCompleted", L"PtsCanceled", L"PtsNotDone"};
-
-void Need(HRESULT result, const char* what) {
-    if (SUCCEEDED(result)) return;
-    std::fprintf(stderr, "fill: %s failed: %08lx\n", what, static_cast<unsigned long>(result));
-    std::exit(3);
-}
 
 std::wstring Code(const wchar_t* kind, LONG number) { return kind + std::to_wstring(number); }
 
@@ -110,18 +107,9 @@ class Bench {
 public:
     explicit Bench(const Library& library) : library_(library) {
         Need(Make(L"DLViewer").As(&viewer_), "control");
-        IDispatch* none = nullptr;
-        Need(viewer_->Initialize(&none), "Initialize");
-        _bstr_t language(L"EN");
-        BSTR text = language.GetBSTR();
-        Need(viewer_->SetRegionalFormatInfo(&text), "SetRegionalFormatInfo");
-        _variant_t ids = MakeIds();
-        Need(viewer_->SetSessionBUIDList(&ids.parray), "SetSessionBUIDList");
-        _bstr_t profiles(L"<WebProfiles><WebProfile><Name>Default</Name></WebProfile></WebProfiles>");
-        _bstr_t function(L"GetProfiles");
-        BSTR profilesText = profiles.GetBSTR();
-        BSTR functionText = function.GetBSTR();
-        Need(viewer_->ReceiveProfileResponse(&profilesText, &functionText), "ReceiveProfileResponse");
+        std::vector<std::wstring> ids;
+        for (LONG i = 1; i <= kUnits; ++i) ids.push_back(Code(L"U", i));
+        StartUp(*viewer_.Get(), ids);
     }
     ~Bench() { viewer_->StopControl(); }
     Bench(const Bench&) = delete;
@@ -145,8 +133,7 @@ public:
         return message;
     }
     void Push(const ComPtr<_QZWebMessage>& message) const {
-        _variant_t data(static_cast<IDispatch*>(message.Get()));
-        Need(viewer_->ReceiveMessage(&data, _variant_t(0L), _variant_t(L"")), "ReceiveMessage");
+        dlv::bench::Push(*viewer_.Get(), *message.Get());
     }
 
 private:
@@ -158,26 +145,10 @@ private:
         Need(Make(L"QZWebMessage").As(&message), "QZWebMessage");
         return message;
     }
-    static _variant_t MakeIds() {
-        _variant_t ids;
-        ids.vt = VT_ARRAY | VT_BSTR;
-        ids.parray = SafeArrayCreateVector(VT_BSTR, 0, kUnits);
-        for (LONG i = 0; i < kUnits; ++i)
-            Need(SafeArrayPutElement(ids.parray, &i, _bstr_t(Code(L"U", i + 1).c_str()).GetBSTR()), "array");
-        return ids;
-    }
 
     const Library& library_;
     ComPtr<_DLViewer> viewer_;
 };
-
-double Now() {
-    LARGE_INTEGER count{};
-    LARGE_INTEGER perSecond{};
-    QueryPerformanceCounter(&count);
-    QueryPerformanceFrequency(&perSecond);
-    return 1e3 * static_cast<double>(count.QuadPart) / static_cast<double>(perSecond.QuadPart);
-}
 
 /// One way to the same message, with the best time of making it and of making and pushing it.
 struct Way {

@@ -42,6 +42,7 @@ ViewerForm::ViewerForm() : Form("DLViewer") {
     Place(lblCurrentProfile, InPixels(106, 5, 128, kLine), fraStatus);
     Place(lblStatus, InPixels(240, 5, 520, kLine), fraStatus);
     lblStatus.SetTextAlignment(Alignment::Centre);
+    lblStatus.SetAnnounced(true);
     for (Label* label : {&lblProfile, &lblCurrentProfile, &lblStatus}) label->SetVisible(false);
 }
 

@@ -18,4 +18,13 @@ void Form::Place(Control& control, const Bounds& bounds, const Control& containe
     Place(control, bounds);
 }
 
+const Label* LabelBefore(const Form& form, const Control& control) {
+    const Control* before = nullptr;
+    for (const Control* other : form.Controls()) {
+        if (other == &control) return dynamic_cast<const Label*>(before);
+        if (other->Container() == control.Container()) before = other;
+    }
+    return nullptr;
+}
+
 }  // namespace dlv

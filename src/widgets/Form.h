@@ -48,6 +48,9 @@ private:
     double height_ = 0;
 };
 
+/// The label that names a control which has no text of its own: the one before it in the same container.
+const Label* LabelBefore(const Form& form, const Control& control);
+
 class ModalForm : public Form {
 public:
     using Form::Form;

@@ -36,6 +36,8 @@ void OutlineGrid::Restructured() {
     rowsByData_.clear();
     indexedRows_ = 0;
     displayedKnown_ = false;
+    ++rowsVersion_;
+    toggled_.clear();
     if (currentRow_ >= Rows()) SetCurrentCell(0, 0);
     MarkChanged();
 }

@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "widgets/Control.h"
@@ -77,6 +78,12 @@ public:
     bool HasChildren(int row) const;
     /// The nearest row above with a lower level; `kNoRow` when there is none.
     int ParentRow(int row) const;
+
+    /// Grows with every change of which rows there are, in which order and how deep.
+    unsigned RowsVersion() const { return rowsVersion_; }
+    /// The nodes that were opened or closed since this was last called, but for those of other rows: nothing
+    /// from before the last change of the rows. When many were, only the first of them.
+    std::vector<int> TakeToggled() { return std::exchange(toggled_, {}); }
 
     /// The rows that no collapsed node hides, header rows included, in order.
     const std::vector<int>& DisplayedRows() const;
@@ -179,6 +186,8 @@ private:
         bool bold = false;
     };
 
+    static constexpr std::size_t kMostToggled = 64;
+
     static std::size_t Index(int value) { return static_cast<std::size_t>(value); }
     std::size_t Slot(int row) const;
     const Row& State(int row) const { return states_[Slot(row)]; }
@@ -215,6 +224,8 @@ private:
     int topIndex_ = 0;
     double scrollLeft_ = 0;
     bool redraw_ = true;
+    unsigned rowsVersion_ = 0;
+    std::vector<int> toggled_;
 
     // Made when asked for: rows by data up to `indexedRows_`, and the displayed rows.
     mutable std::unordered_map<std::string_view, int> rowsByData_;

@@ -62,12 +62,14 @@ void OutlineGrid::MakeNode(int row, int level) {
     state.node = true;
     state.level = level;
     displayedKnown_ = false;
+    ++rowsVersion_;
     MarkChanged();
 }
 
 void OutlineGrid::SetLevel(int row, int level) {
     State(row).level = level;
     displayedKnown_ = false;
+    ++rowsVersion_;
     MarkChanged();
 }
 
@@ -76,6 +78,7 @@ void OutlineGrid::SetCollapsed(int row, bool collapsed) {
     if (!state.node || state.collapsed == collapsed) return;
     state.collapsed = collapsed;
     displayedKnown_ = false;
+    if (toggled_.size() < kMostToggled) toggled_.push_back(row);
     MarkChanged();
 }
 

@@ -44,12 +44,16 @@ public:
     /// A label that answers a click: shown with a hand cursor.
     bool Clickable() const { return clickable_; }
     void SetClickable(bool clickable) { Assign(clickable_, clickable); }
+    /// A label whose text a person is told of whenever it is another, wherever that person is.
+    bool Announced() const { return announced_; }
+    void SetAnnounced(bool announced) { Assign(announced_, announced); }
 
 private:
     std::optional<Colour> foreColour_;
     Alignment alignment_ = Alignment::Left;
     bool bold_ = false;
     bool clickable_ = false;
+    bool announced_ = false;
 };
 
 class Button : public CaptionControl {

@@ -2,6 +2,7 @@
 // resolution and the system's settings.
 #pragma once
 
+#include "views/SpokenNames.h"
 #include "windows/hwnd/ControlWindow.h"
 #include "windows/hwnd/FormListener.h"
 #include "windows/hwnd/FormWindows.h"
@@ -43,6 +44,8 @@ private:
     void GridDoubleClicked(OutlineGrid& grid, int row, int column) override;
     void GridKeyPressed(OutlineGrid& grid, int key, bool shift) override;
     std::string GridExplanation(OutlineGrid& grid, int row, int column) override;
+    std::string NameOf(const Control& control) override { return SpokenName(Form(), control); }
+    std::string CaptionOf(std::string_view key) override { return Viewer().Caption(key); }
     void FocusEntered() override { Host().FocusEntered(); }
     void FocusLeft() override { Host().FocusLeft(); }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "widgets/OutlineGrid.h"
 #include "widgets/Widgets.h"
@@ -25,6 +26,14 @@ public:
     /// What the figure in a cell stands for, in words; empty where there is nothing to say.
     virtual std::string GridExplanation(OutlineGrid& /*grid*/, int /*row*/, int /*column*/) { return {}; }
     virtual void FocusTaken(Control& /*control*/) {}
+
+    // What readers of the screen are told.
+
+    /// The name of a control that does not say itself what it is; empty where the label before it does.
+    virtual std::string NameOf(const Control& /*control*/) { return {}; }
+    /// The text for a key in the user's language.
+    virtual std::string CaptionOf(std::string_view /*key*/) { return {}; }
+
     /// The focus came into one of the form's windows from outside, or left them for the outside.
     virtual void FocusEntered() {}
     virtual void FocusLeft() {}

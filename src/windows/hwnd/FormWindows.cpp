@@ -87,6 +87,8 @@ void FormWindows::Apply(std::vector<Mirror*>& changed) {
     PlaceAll(changed);
     for (Mirror* mirror : changed)
         if (mirror->Handle() != nullptr) mirror->Apply();
+    for (const auto& mirror : mirrors_)
+        if (mirror->Handle() != nullptr) mirror->ApplyName();
     // The focus waits on the outer window while nothing inside can take it.
     if (GetFocus() == parent_) TakeLastFocus();
 }
@@ -148,6 +150,13 @@ const LabelGroup& FormWindows::GroupOf(const Label& label) const {
     for (const LabelGroup& group : groups_)
         if (std::ranges::find(group, &label) != group.end()) return group;
     return none;
+}
+
+std::string FormWindows::NameOf(const Control& control) const {
+    const std::string name = listener_.NameOf(control);
+    if (!name.empty()) return name;
+    const Label* label = LabelBefore(form_, control);
+    return label == nullptr ? form_.Caption() : label->Caption();
 }
 
 COLORREF FormWindows::Ground(const Control& control) const {

@@ -80,6 +80,8 @@ public:
     const LabelGroup& GroupOf(const Label& label) const;
     /// A number for a window that no other of the form has.
     int NextId() { return nextId_++; }
+    /// The name under which readers of the screen announce a control that has no text of its own.
+    std::string NameOf(const Control& control) const;
     void FocusChanged(Mirror& mirror, HWND other, bool gained);
 
 private:

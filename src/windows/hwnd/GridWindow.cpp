@@ -42,6 +42,7 @@ void GridWindow::Apply() {
     const GridLayout layout = Layout();
     UpdateBars(layout);
     InvalidateChanges(layout);
+    access_.Events().Tell();
 }
 
 void GridWindow::UpdateBars(const GridLayout& layout) {
@@ -159,11 +160,17 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SIZE:
             if (!updatingBars_) Apply();
             return 0;
-        case WM_SETFOCUS:
+        case WM_SETFOCUS: {
+            InvalidateSelection();
+            const LRESULT result = Mirror::OnMessage(message, wParam, lParam);
+            access_.Events().TellFocus();
+            return result;
+        }
         case WM_KILLFOCUS:
             mouse_.HideTip();
             InvalidateSelection();
             break;
+        case kAccessAction: access_.RunAsked(); return 0;
         case WM_UPDATEUISTATE: {
             const LRESULT result = Default(message, wParam, lParam);
             InvalidateSelection();

@@ -11,6 +11,7 @@
 #include "widgets/TypeAhead.h"
 #include "windows/gdi/GridPainter.h"
 #include "windows/gdi/PaintBuffer.h"
+#include "windows/hwnd/GridAccess.h"
 #include "windows/hwnd/GridMouse.h"
 #include "windows/hwnd/Mirror.h"
 
@@ -24,11 +25,14 @@ public:
     void LookChanged() override;
     bool TakesFocus() const override { return true; }
     std::string ToolTip() const override { return {}; }
+    void ApplyName() override { ApplyText(Owner().NameOf(grid_)); }
 
-    // For the mouse.
+    // For the mouse and for readers of the screen.
 
     FormWindows& Form() const { return Owner(); }
+    OutlineGrid& Grid() const { return grid_; }
     GridLayout Layout() const;
+    GridSight Sight(const GridLayout& layout) const;
     Scale Measure() const { return Kept().scale; }
     const Fonts& Faces() const { return Kept().fonts; }
     /// Makes the cell the current one and brings it into sight.
@@ -37,6 +41,7 @@ public:
     void FitColumn(int column);
 
 protected:
+    ComPtr<AccessibleObject> Accessible() override { return MakeObject<AccessibleGrid>(Anchor(), access_); }
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
@@ -51,7 +56,6 @@ private:
         std::vector<std::size_t> rows;
     };
 
-    GridSight Sight(const GridLayout& layout) const;
     GridFocus FocusNow() const;
 
     void UpdateBars(const GridLayout& layout);
@@ -81,6 +85,7 @@ private:
     wchar_t highSurrogate_ = 0;
     /// The key just pressed was a command; the character that comes with it is not meant.
     bool skipCharacter_ = false;
+    GridAccess access_{*this};
     Snapshot snapshot_;
     Bitmap picture_;
     SIZE pictureSize_{};

@@ -17,6 +17,7 @@ public:
     ListViewMirror(FormWindows& form, ListView& list) : Mirror(form, list), list_(list) {}
     void Make(HWND parent) override;
     void Apply() override;
+    void ApplyName() override { ApplyText(Owner().NameOf(list_)); }
     void LookChanged() override;
     bool TakesFocus() const override { return true; }
     /// As tall as whole rows are.

@@ -38,6 +38,17 @@ void Mirror::ApplyText(const std::string& text) {
     if (shown != wanted) SetWindowTextW(Handle(), wanted.c_str());
 }
 
+Mirror::~Mirror() { CutAnchor(); }
+
+const std::shared_ptr<AccessAnchor>& Mirror::Anchor() {
+    if (!anchor_) anchor_ = std::make_shared<AccessAnchor>(Host(), Handle());
+    return anchor_;
+}
+
+void Mirror::CutAnchor() {
+    if (anchor_) std::exchange(anchor_, nullptr)->Cut();
+}
+
 LRESULT Mirror::OnToolTipText(NMHDR& header) {
     toolTip_ = Wide(ToolTip());
     reinterpret_cast<NMTTDISPINFOW&>(header).lpszText = toolTip_.data();
@@ -62,6 +73,13 @@ LRESULT Mirror::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             form_.FocusChanged(*this, reinterpret_cast<HWND>(wParam), message == WM_SETFOCUS);
             return result;
         }
+        case WM_GETOBJECT:
+            if (static_cast<LONG>(lParam) == OBJID_CLIENT)
+                if (const ComPtr<AccessibleObject> object = Accessible())
+                    return LresultFromObject(__uuidof(IAccessible), wParam,
+                                             static_cast<IAccessible*>(object.Get()));
+            break;
+        case WM_DESTROY: CutAnchor(); break;
         case WM_KEYDOWN:
             if (OnUntranslatedKey(wParam, lParam)) return 0;
             break;

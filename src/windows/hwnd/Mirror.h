@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "windows/access/AccessibleObject.h"
 #include "windows/hwnd/FormWindows.h"
 #include "windows/hwnd/Window.h"
 
@@ -15,6 +16,7 @@ namespace dlv {
 class Mirror : public Window {
 public:
     Mirror(FormWindows& form, Control& control) : Window(form.Host()), form_(form), control_(control) {}
+    ~Mirror() override;
 
     Control& Shown() const { return control_; }
 
@@ -31,11 +33,18 @@ public:
     /// Brings place, visibility and enabling up to date, as part of `batch` where it can.
     HDWP ApplyPlace(HDWP batch);
 
+    /// Keeps the name of a control that shows none where readers of windows find it: as its window's text.
+    virtual void ApplyName() {}
+
     /// The text of a tool tip over the window; empty for none.
     virtual std::string ToolTip() const { return control_.ToolTip(); }
 
 protected:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    /// What readers of the screen are told of the window; null where the system tells enough.
+    virtual ComPtr<AccessibleObject> Accessible() { return nullptr; }
+    /// For the objects that readers hold.
+    const std::shared_ptr<AccessAnchor>& Anchor();
     /// Sets the window's text where it differs.
     void ApplyText(const std::string& text);
 
@@ -43,12 +52,14 @@ protected:
     const Look& Kept() const { return form_.Kept(); }
 
 private:
+    void CutAnchor();
     bool OnUntranslatedKey(WPARAM key, LPARAM lParam);
     LRESULT OnToolTipText(NMHDR& header);
 
     FormWindows& form_;
     Control& control_;
     std::wstring toolTip_;
+    std::shared_ptr<AccessAnchor> anchor_;
 };
 
 /// The mirror for a control by its kind; null for one that has no window, like a timer.

@@ -85,6 +85,31 @@ void LabelMirror::Apply() {
     for (const Label* other : Owner().GroupOf(label_))
         if (const Mirror* mirror = Owner().Find(*other); mirror != nullptr && mirror->Handle() != nullptr)
             InvalidateRect(mirror->Handle(), nullptr, FALSE);
+    TellText();
+}
+
+ComPtr<AccessibleObject> LabelMirror::Accessible() {
+    return MakeObject<AccessibleText>(Anchor(), static_cast<const TextScreen&>(*this));
+}
+
+LONG LabelMirror::TextRole() const {
+    if (label_.Announced()) return ROLE_SYSTEM_ALERT;
+    return label_.Clickable() ? ROLE_SYSTEM_LINK : ROLE_SYSTEM_STATICTEXT;
+}
+
+std::string LabelMirror::ClickText() const {
+    if (!label_.Clickable()) return {};
+    return label_.ToolTip().empty() ? label_.Caption() : label_.ToolTip();
+}
+
+// A text that is not to be seen is none; one that comes back is told again.
+void LabelMirror::TellText() {
+    const std::string shown = label_.Visible() ? label_.Caption() : std::string();
+    if (shown == told_) return;
+    told_ = shown;
+    NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, Handle(), OBJID_CLIENT, CHILDID_SELF);
+    if (label_.Announced() && !shown.empty() && IsWindowVisible(Handle()))
+        NotifyWinEvent(EVENT_SYSTEM_ALERT, Handle(), OBJID_CLIENT, CHILDID_SELF);
 }
 
 std::string LabelMirror::ToolTip() const {
@@ -115,6 +140,9 @@ LRESULT LabelMirror::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return DefWindowProcW(Handle(), message, wParam, lParam);
         case WM_SIZE:
         case WM_UPDATEUISTATE: InvalidateRect(Handle(), nullptr, FALSE); break;
+        case kAccessAction:
+            if (label_.Clickable()) Owner().Listener().Clicked(label_);
+            return 0;
         case WM_SETCURSOR:
             if (!label_.Clickable() || Host().Viewer().Controls().MousePointer() != kDefaultPointer) break;
             SetCursor(LoadCursorW(nullptr, IDC_HAND));

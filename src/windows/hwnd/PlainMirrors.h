@@ -2,6 +2,7 @@
 // everything that reads windows can read them; labels and frames are painted by us.
 #pragma once
 
+#include "windows/access/AccessibleText.h"
 #include "windows/hwnd/Mirror.h"
 
 namespace dlv {
@@ -19,7 +20,7 @@ private:
     Frame& frame_;
 };
 
-class LabelMirror : public Mirror {
+class LabelMirror : public Mirror, private TextScreen {
 public:
     LabelMirror(FormWindows& form, Label& label) : Mirror(form, label), label_(label) {}
     void Make(HWND parent) override;
@@ -30,11 +31,19 @@ public:
 protected:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnCommand(int code, int id) override;
+    ComPtr<AccessibleObject> Accessible() override;
 
 private:
+    LONG TextRole() const override;
+    std::string Heading() const override { return Owner().Listener().NameOf(label_); }
+    std::string Text() const override { return label_.Caption(); }
+    std::string ClickText() const override;
+
     void Paint();
+    void TellText();
 
     Label& label_;
+    std::string told_;
 };
 
 class ButtonMirror : public Mirror {
@@ -87,6 +96,7 @@ public:
     ListBoxMirror(FormWindows& form, ListBox& box) : Mirror(form, box), box_(box) {}
     void Make(HWND parent) override;
     void Apply() override;
+    void ApplyName() override { ApplyText(Owner().NameOf(box_)); }
     bool TakesFocus() const override { return true; }
 
 protected:

@@ -74,7 +74,26 @@ void ToolbarMirror::Choose(int id) {
     if (item != nullptr && item->visible) Owner().Listener().ToolChosen(bar_, std::string(item->key));
 }
 
+std::vector<ToolbarScreen::Tool> ToolbarMirror::Tools() const {
+    std::vector<Tool> tools;
+    for (std::size_t i = 0; i < shown_.size() && i < bar_.Items().size(); ++i) {
+        const Toolbar::Item& item = bar_.Items()[i];
+        if (!shown_[i] || item.style == Toolbar::Style::Separator) continue;
+        Tool tool;
+        tool.id = kFirstId + static_cast<int>(i);
+        tool.name = item.toolTip;
+        if (item.style == Toolbar::Style::DropDown) tool.role = ROLE_SYSTEM_BUTTONMENU;
+        SendMessageW(Handle(), TB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&tool.area));
+        tools.push_back(std::move(tool));
+    }
+    return tools;
+}
+
 LRESULT ToolbarMirror::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == kAccessAction) {
+        Choose(static_cast<int>(wParam));
+        return 0;
+    }
     const LRESULT result = Mirror::OnMessage(message, wParam, lParam);
     // The bar itself keeps the button marked that the keyboard was on.
     if (message == WM_KILLFOCUS && Handle() != nullptr) Default(TB_SETHOTITEM, static_cast<WPARAM>(-1), 0);

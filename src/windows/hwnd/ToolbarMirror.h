@@ -5,11 +5,12 @@
 
 #include <commctrl.h>
 
+#include "windows/access/AccessibleToolbar.h"
 #include "windows/hwnd/Mirror.h"
 
 namespace dlv {
 
-class ToolbarMirror : public Mirror {
+class ToolbarMirror : public Mirror, private ToolbarScreen {
 public:
     ToolbarMirror(FormWindows& form, Toolbar& bar) : Mirror(form, bar), bar_(bar) {}
     void Make(HWND parent) override;
@@ -22,8 +23,12 @@ protected:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnCommand(int code, int id) override;
     LRESULT OnNotify(NMHDR& header) override;
+    ComPtr<AccessibleObject> Accessible() override {
+        return MakeObject<AccessibleToolbar>(Anchor(), static_cast<const ToolbarScreen&>(*this));
+    }
 
 private:
+    std::vector<Tool> Tools() const override;
     void AddButtons();
     LRESULT DrawButton(const NMTBCUSTOMDRAW& draw);
     void Choose(int id);

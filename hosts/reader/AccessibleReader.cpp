@@ -32,6 +32,23 @@ void AskNumber(LONG& number, HRESULT& first, Call call) {
     VariantClear(&told);
 }
 
+BOOL CALLBACK Collect(HWND window, LPARAM found) {
+    if (IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
+    return TRUE;
+}
+
+std::vector<HWND> ShownWindows(HWND outer) {
+    std::vector<HWND> windows;
+    EnumChildWindows(outer, Collect, reinterpret_cast<LPARAM>(&windows));
+    return windows;
+}
+
+std::wstring ClassOf(HWND window) {
+    wchar_t name[64] = L"";
+    GetClassNameW(window, name, 64);
+    return name;
+}
+
 }  // namespace
 
 std::string Utf8(const wchar_t* text) {
@@ -58,46 +75,24 @@ Told Ask(IAccessible* object, LONG child) {
 
 std::vector<ToldWindow> WindowsIn(HWND outer) {
     std::vector<ToldWindow> windows;
-    EnumChildWindows(
-        outer,
-        [](HWND window, LPARAM found) -> BOOL {
-            if (!IsWindowVisible(window)) return TRUE;
-            ToldWindow entry;
-            entry.handle = window;
-            wchar_t name[64] = L"";
-            GetClassNameW(window, name, 64);
-            entry.className = Utf8(name);
-            ComPtr<IAccessible> object;
-            entry.told.result =
-                AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
-                                           reinterpret_cast<void**>(object.GetAddressOf()));
-            if (object) entry.told = Ask(object.Get());
-            reinterpret_cast<std::vector<ToldWindow>*>(found)->push_back(std::move(entry));
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&windows));
+    for (const HWND window : ShownWindows(outer)) {
+        ToldWindow entry;
+        entry.handle = window;
+        entry.className = Utf8(ClassOf(window).c_str());
+        ComPtr<IAccessible> object;
+        entry.told.result =
+            AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                                       reinterpret_cast<void**>(object.GetAddressOf()));
+        if (object) entry.told = Ask(object.Get());
+        windows.push_back(std::move(entry));
+    }
     return windows;
 }
 
 HWND WindowOf(HWND outer, const wchar_t* className, int which) {
-    struct Search {
-        const wchar_t* className;
-        int left;
-        HWND found;
-    } search{className, which, nullptr};
-    EnumChildWindows(
-        outer,
-        [](HWND window, LPARAM data) -> BOOL {
-            auto& wanted = *reinterpret_cast<Search*>(data);
-            wchar_t name[64] = L"";
-            GetClassNameW(window, name, 64);
-            if (!IsWindowVisible(window) || wcscmp(name, wanted.className) != 0) return TRUE;
-            if (wanted.left-- > 0) return TRUE;
-            wanted.found = window;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    for (const HWND window : ShownWindows(outer))
+        if (ClassOf(window) == className && which-- == 0) return window;
+    return nullptr;
 }
 
 ComPtr<IAccessible> AsAccessible(IDispatch* object) {
@@ -175,8 +170,12 @@ ToldRow GridReader::Row(LONG id) {
     if ((told.state & STATE_SYSTEM_EXPANDED) != 0) row.node = ToldRow::Node::Open;
     if ((told.state & STATE_SYSTEM_COLLAPSED) != 0) row.node = ToldRow::Node::Closed;
     for (const auto& cell : Children(object.Get())) {
-        const Told one = Ask(cell.Get());
-        row.cells.push_back({one.name, one.value, one.description});
+        ToldCell one;
+        HRESULT failed = S_OK;
+        const VARIANT self = Id(CHILDID_SELF);
+        AskText(one.heading, failed, [&](BSTR* text) { return cell->get_accName(self, text); });
+        AskText(one.text, failed, [&](BSTR* text) { return cell->get_accValue(self, text); });
+        row.cells.push_back(std::move(one));
     }
     return row;
 }

@@ -41,7 +41,6 @@ HWND WindowOf(HWND outer, const wchar_t* className, int which = 0);
 struct ToldCell {
     std::string heading;
     std::string text;
-    std::string description;
 };
 
 struct ToldRow {

@@ -1,72 +1,92 @@
 #include "windows/access/GridEvents.h"
 
+#include <utility>
+
 namespace dlv {
 
-void GridEvents::Notify(DWORD event, LONG id) const {
-    if (IsWindowVisible(screen_.Surface())) NotifyWinEvent(event, screen_.Surface(), OBJID_CLIENT, id);
+namespace {
+
+bool HasSeveralRows(const std::optional<OutlineGrid::Block>& block) {
+    return block && block->firstRow < block->lastRow;
 }
 
-std::optional<GridEvents::Current> GridEvents::ReadCurrent() const {
+}  // namespace
+
+void GridEvents::Notify(Event event) const {
+    if (IsWindowVisible(screen_.Surface()))
+        NotifyWinEvent(event.event, screen_.Surface(), OBJID_CLIENT, event.id);
+}
+
+GridEvents::Known GridEvents::Read() const {
+    const OutlineGrid& grid = screen_.Grid();
+    Known known{grid.RowsVersion(), std::nullopt, grid.Selection()};
     const int row = screen_.CurrentRow();
-    if (row == OutlineGrid::kNoRow) return std::nullopt;
-    Current current{
-        RowReference(screen_.Grid(), row), screen_.CurrentColumn(), screen_.Grid().Selection(), {}};
-    for (int column = 0; column < screen_.Grid().Columns(); ++column)
-        current.texts.push_back(ShownText(screen_.Grid(), row, column));
-    return current;
+    if (row == OutlineGrid::kNoRow) return known;
+    known.current = Current{RowReference(grid, row), screen_.CurrentColumn(), {}};
+    for (int column = 0; column < grid.Columns(); ++column)
+        known.current->texts.push_back(ShownText(grid, row, column));
+    return known;
 }
 
+// All is compared and noted before anything is told.
 void GridEvents::Tell() {
+    const Known before = std::exchange(known_, Read());
+    const Known now = known_;
+    Events events;
+    AddRows(events, before);
+    const bool sameRow = before.current && now.current && before.current->row == now.current->row;
+    if (sameRow) AddFigures(events, *before.current, *now.current);
+    AddSelection(events, before, now);
+    const bool moved =
+        now.current ? !sameRow || before.current->column != now.current->column : before.current.has_value();
+    if (moved && screen_.HasFocus()) events.push_back({EVENT_OBJECT_FOCUS, FocusedId()});
+    for (const Event& event : events) Notify(event);
+}
+
+void GridEvents::AddRows(Events& events, const Known& before) const {
     OutlineGrid& grid = screen_.Grid();
     const std::vector<int> toggled = grid.TakeToggled();
-    if (rowsVersion_ != grid.RowsVersion() || !toggled.empty()) Notify(EVENT_OBJECT_REORDER, CHILDID_SELF);
-    if (rowsVersion_ == grid.RowsVersion()) TellToggled(toggled);
-    rowsVersion_ = grid.RowsVersion();
-    std::optional<Current> now = ReadCurrent();
-    TellCurrent(now);
-    current_ = std::move(now);
+    const bool others = before.rowsVersion != grid.RowsVersion();
+    if (others || !toggled.empty()) events.push_back({EVENT_OBJECT_REORDER, CHILDID_SELF});
+    if (others) return;
+    for (const int row : toggled)
+        if (screen_.IsDisplayed(row)) events.push_back({EVENT_OBJECT_STATECHANGE, screen_.IdOfRow(row)});
 }
 
-void GridEvents::TellToggled(const std::vector<int>& rows) {
-    for (const int row : rows)
-        if (screen_.IsDisplayed(row)) Notify(EVENT_OBJECT_STATECHANGE, screen_.IdOfRow(row));
-}
-
-void GridEvents::TellCurrent(const std::optional<Current>& now) {
-    if (!now) {
-        if (current_ && screen_.HasFocus()) Notify(EVENT_OBJECT_FOCUS, CHILDID_SELF);
+void GridEvents::AddSelection(Events& events, const Known& before, const Known& now) const {
+    if (HasSeveralRows(now.selection)) {
+        if (before.selection != now.selection) events.push_back({EVENT_OBJECT_SELECTIONWITHIN, CHILDID_SELF});
         return;
     }
-    const bool sameRow = current_ && current_->row == now->row;
-    if (sameRow) TellFigures(*current_, *now);
-    const auto& block = now->selection;
-    const bool several = block && block->firstRow != block->lastRow;
-    if (several && (!current_ || current_->selection != block))
-        Notify(EVENT_OBJECT_SELECTIONWITHIN, CHILDID_SELF);
-    else if (!sameRow)
-        Notify(EVENT_OBJECT_SELECTION, screen_.IdOfRow(screen_.CurrentRow()));
-    if ((!sameRow || current_->column != now->column) && screen_.HasFocus()) TellFocus();
+    if (!now.current) return;
+    const bool sameRow = before.current && before.current->row == now.current->row;
+    if (!sameRow || HasSeveralRows(before.selection))
+        events.push_back({EVENT_OBJECT_SELECTION, screen_.IdOfRow(screen_.CurrentRow())});
 }
 
-void GridEvents::TellFigures(const Current& before, const Current& now) {
+void GridEvents::AddFigures(Events& events, const Current& before, const Current& now) const {
     const int row = screen_.CurrentRow();
     const int tree = screen_.Grid().TreeColumn();
     for (const int column : ReadColumns(screen_.Grid())) {
         const auto place = static_cast<std::size_t>(column);
         if (place >= before.texts.size() || before.texts[place] == now.texts[place]) continue;
         if (column == tree)
-            Notify(EVENT_OBJECT_NAMECHANGE, screen_.IdOfRow(row));
+            events.push_back({EVENT_OBJECT_NAMECHANGE, screen_.IdOfRow(row)});
         else
-            Notify(EVENT_OBJECT_VALUECHANGE, screen_.IdOfCell(row, column));
+            events.push_back({EVENT_OBJECT_VALUECHANGE, screen_.IdOfCell(row, column)});
     }
 }
 
-void GridEvents::TellFocus() {
+// In the tree column the row itself has the focus; with no current row, the grid.
+LONG GridEvents::FocusedId() const {
     const int row = screen_.CurrentRow();
-    if (row == OutlineGrid::kNoRow) return;
+    if (row == OutlineGrid::kNoRow) return CHILDID_SELF;
     const int column = screen_.CurrentColumn();
-    Notify(EVENT_OBJECT_FOCUS,
-           column == screen_.Grid().TreeColumn() ? screen_.IdOfRow(row) : screen_.IdOfCell(row, column));
+    return column == screen_.Grid().TreeColumn() ? screen_.IdOfRow(row) : screen_.IdOfCell(row, column);
+}
+
+void GridEvents::TellFocus() const {
+    if (const LONG id = FocusedId(); id != CHILDID_SELF) Notify({EVENT_OBJECT_FOCUS, id});
 }
 
 }  // namespace dlv

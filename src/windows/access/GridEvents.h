@@ -15,27 +15,37 @@ class GridEvents {
 public:
     explicit GridEvents(GridScreen& screen) : screen_(screen) {}
 
-    /// Compares the grid with what was told of it last.
+    /// Compares the grid with what was told of it last. A reader may call back inside.
     void Tell();
     /// The grid's window has got the focus, which the system tells of; now the focus is on the current cell.
-    void TellFocus();
+    void TellFocus() const;
 
 private:
     struct Current {
         RowReference row;
         int column;
-        std::optional<OutlineGrid::Block> selection;
         std::vector<std::string> texts;
     };
-    std::optional<Current> ReadCurrent() const;
-    void TellToggled(const std::vector<int>& rows);
-    void TellCurrent(const std::optional<Current>& now);
-    void TellFigures(const Current& before, const Current& now);
-    void Notify(DWORD event, LONG id) const;
+    struct Known {
+        unsigned rowsVersion = 0;
+        std::optional<Current> current;
+        std::optional<OutlineGrid::Block> selection;
+    };
+    struct Event {
+        DWORD event;
+        LONG id;
+    };
+    using Events = std::vector<Event>;
+
+    Known Read() const;
+    void AddRows(Events& events, const Known& before) const;
+    void AddSelection(Events& events, const Known& before, const Known& now) const;
+    void AddFigures(Events& events, const Current& before, const Current& now) const;
+    LONG FocusedId() const;
+    void Notify(Event event) const;
 
     GridScreen& screen_;
-    unsigned rowsVersion_ = 0;
-    std::optional<Current> current_;
+    Known known_;
 };
 
 }  // namespace dlv

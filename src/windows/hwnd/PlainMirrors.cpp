@@ -107,8 +107,9 @@ void LabelMirror::TellText() {
     const std::string shown = label_.Visible() ? label_.Caption() : std::string();
     if (shown == told_) return;
     told_ = shown;
+    if (!IsWindowVisible(Handle())) return;
     NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, Handle(), OBJID_CLIENT, CHILDID_SELF);
-    if (label_.Announced() && !shown.empty() && IsWindowVisible(Handle()))
+    if (label_.Announced() && !shown.empty())
         NotifyWinEvent(EVENT_SYSTEM_ALERT, Handle(), OBJID_CLIENT, CHILDID_SELF);
 }
 

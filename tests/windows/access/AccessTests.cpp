@@ -1,6 +1,8 @@
 // What a screen reader is told of the control, by a program that reads it from a process of its own.
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "tests/windows/Dialogs.h"
 #include "tests/windows/Keyboard.h"
 #include "tests/windows/access/ReaderProgram.h"
@@ -193,6 +195,29 @@ TEST_F(AccessTest, SeveralSelectedRowsAreToldAsSuch) {
     });
     ExpectSaid(heard, {"...selection within outline", "...focus item South (selected focused)"});
     ExpectSaid(Said("selection"), {"selection from: item Business Units", "selection of 3"});
+    ExpectSaid(Heard([&] { Press(VK_UP); }), {"selection item North", "focus item North"});
+    ExpectSaid(Heard([&] {
+                   const HeldKeys control(kCtrl);
+                   Press('A');
+               }),
+               {"selection within outline"});
+}
+
+TEST(AccessibleLibrary, IsFreeAgainOnceReaderAndControlHaveGone) {
+    auto control = std::make_unique<HostedControl>();
+    control->StartUp();
+    const HWND surface = control->container.ControlWindow();
+    ReaderProgram reader(surface, "windows hold 1 1 pause held");
+    reader.Meanwhile([&] {
+        EXPECT_EQ(control->Viewer()->StopControl(), S_OK);
+        control->sink->Disconnect();
+        control->viewer.Reset();
+        control->container.Remove();
+        EXPECT_EQ(CanUnload(), S_FALSE) << "a reader holds objects";
+        control.reset();
+    });
+    ExpectSaid(reader.Said(), {"...held: failed", "held: failed", "held: failed 0x800401FD"});
+    EXPECT_TRUE(PumpUntil([] { return CanUnload() == S_OK; }, std::chrono::seconds(2)));
 }
 
 TEST_F(AccessTest, AReaderSelectsAndDrillsDown) {

@@ -6,6 +6,12 @@
 
 namespace dlv::test {
 
+namespace {
+
+constexpr ULONGLONG kMilliseconds = 60'000;
+
+}  // namespace
+
 ReaderProgram::ReaderProgram(HWND window, const std::string& commands) : window_(window) {
     wchar_t folder[MAX_PATH], path[MAX_PATH];
     GetTempPathW(MAX_PATH, folder);
@@ -34,9 +40,21 @@ ReaderProgram::~ReaderProgram() {
     DeleteFileW(path_.c_str());
 }
 
+void ReaderProgram::Answer(const std::function<bool()>& enough) const {
+    const ULONGLONG end = GetTickCount64() + kMilliseconds;
+    while (!Ended() && !enough()) {
+        if (GetTickCount64() > end) {
+            ADD_FAILURE() << "the program does not end";
+            return;
+        }
+        // The property comes without a message.
+        MsgWaitForMultipleObjectsEx(1, &process_.hProcess, 10, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+        PumpMessages();
+    }
+}
+
 void ReaderProgram::Meanwhile(const std::function<void()>& change) {
-    EXPECT_TRUE(PumpUntil([&] { return Ended() || GetPropW(window_, L"ReaderWaits") != nullptr; },
-                          std::chrono::seconds(60)));
+    Answer([&] { return GetPropW(window_, L"ReaderWaits") != nullptr; });
     ASSERT_FALSE(Ended()) << "the program does not wait";
     RemovePropW(window_, L"ReaderWaits");
     // Under Wine a thread learns from its next message that somebody listens.
@@ -48,7 +66,7 @@ void ReaderProgram::Meanwhile(const std::function<void()>& change) {
 }
 
 Lines ReaderProgram::Said() {
-    EXPECT_TRUE(PumpUntil([&] { return Ended(); }, std::chrono::seconds(60)));
+    Answer([] { return false; });
     DWORD status = 1;
     GetExitCodeProcess(process_.hProcess, &status);
     std::string text(GetFileSize(output_, nullptr), '\0');

@@ -26,6 +26,8 @@ public:
     Lines Said();
 
 private:
+    /// Handles the program's calls until it ends or that is enough.
+    void Answer(const std::function<bool()>& enough) const;
     bool Ended() const { return WaitForSingleObject(process_.hProcess, 0) == WAIT_OBJECT_0; }
 
     HWND window_;

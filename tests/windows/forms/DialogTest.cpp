@@ -1,3 +1,5 @@
+#include <oleacc.h>
+
 #include "tests/windows/forms/FormHost.h"
 #include "windows/com/Strings.h"
 #include "windows/dialogs/Dialogs.h"
@@ -66,6 +68,29 @@ protected:
     FormHost& host = shown.host;
     AskForm form;
 };
+
+TEST_F(DialogTest, FieldsHaveNamesForReadersOfTheScreen) {
+    OleInitialize(nullptr);
+    const auto nameOf = [](HWND field) {
+        ComPtr<IAccessible> object;
+        AccessibleObjectFromWindow(field, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                                   reinterpret_cast<void**>(object.GetAddressOf()));
+        VARIANT self;
+        self.vt = VT_I4;
+        self.lVal = CHILDID_SELF;
+        Bstr name;
+        if (object) object->get_accName(self, name.Address());
+        return Narrow(name.Get());
+    };
+    AtOnce(form, [&](HWND dialog) {
+        EXPECT_EQ(nameOf(FindWindowExW(dialog, nullptr, L"Edit", nullptr)), "What is it to be?");
+        EXPECT_EQ(nameOf(FindWindowExW(dialog, nullptr, L"ListBox", nullptr)), "A question");
+        EXPECT_EQ(nameOf(FindWindowExW(dialog, nullptr, L"Static", nullptr)), "What is it to be?");
+        PostMessageW(dialog, WM_CLOSE, 0, 0);
+    });
+    Show();
+    OleUninitialize();
+}
 
 TEST_F(DialogTest, ShowsItsControlsAndFocusesTheFirst) {
     AtOnce(form, [&](HWND dialog) {

@@ -1,5 +1,5 @@
-// reader WINDOW COMMAND...: what a screen reader is told of a window, given by its handle. The commands run
-// one after the other and print one line for each thing that is told:
+// reader WINDOW COMMAND...: what a screen reader is told of a window, given by its handle or title. The
+// commands run one after the other and print one line for each thing that is told:
 //
 //   windows           the windows inside it that are to be seen
 //   grid [WHICH]      all displayed rows of the grid to be seen inside it (0, 1 ...)
@@ -251,7 +251,8 @@ private:
 
 int Run(const std::vector<std::string>& words) {
     if (words.size() < 2) throw std::runtime_error("reader WINDOW COMMAND...");
-    const auto window = reinterpret_cast<HWND>(std::strtoull(words[0].c_str(), nullptr, 0));
+    auto window = reinterpret_cast<HWND>(std::strtoull(words[0].c_str(), nullptr, 0));
+    if (window == nullptr) window = FindWindowA(nullptr, words[0].c_str());
     if (!IsWindow(window)) throw std::runtime_error("there is no window " + words[0]);
     OleInitialize(nullptr);
     Session(window, {words.begin() + 1, words.end()}).Run();

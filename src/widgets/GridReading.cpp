@@ -14,40 +14,29 @@ std::vector<int> ReadColumns(const OutlineGrid& grid) {
 OutlinePlaces::Place OutlinePlaces::Of(const OutlineGrid& grid, int row) {
     if (!read_ || version_ != grid.RowsVersion()) Read(grid);
     const Entry& entry = rows_.at(static_cast<std::size_t>(row));
-    const auto size = [this](int run) { return run == kNone ? 0 : runs_[static_cast<std::size_t>(run)]; };
-    const int top = row < grid.FixedRows() ? grid.Level(row) : grid.Level(grid.FixedRows());
-    return {std::max(0, grid.Level(row) - top), entry.place, size(entry.run), size(entry.childRun)};
+    if (entry.run == kNone) return {};
+    return {std::max(0, grid.Level(row) - grid.Level(grid.FixedRows())), entry.place,
+            runs_[static_cast<std::size_t>(entry.run)], entry.children};
 }
 
 void OutlinePlaces::Read(const OutlineGrid& grid) {
-    struct Open {
-        int row;
-        int level;
-    };
+    const auto entry = [this](int row) -> Entry& { return rows_[static_cast<std::size_t>(row)]; };
     read_ = false;
     runs_.clear();
     rows_.assign(static_cast<std::size_t>(grid.Rows()), {});
-    std::vector<Open> open;  // the last row of each level above, and the last of this one
+    std::vector<int> open;  // of the rows above and this one's run, the last of each level
     for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
-        const int level = grid.Level(row);
-        while (!open.empty() && open.back().level > level) open.pop_back();
-        Entry& entry = rows_[static_cast<std::size_t>(row)];
-        if (!open.empty() && open.back().level == level) {
-            const Entry& before = rows_[static_cast<std::size_t>(open.back().row)];
-            entry.run = before.run;
-            entry.place = before.place + 1;
-            open.back().row = row;
+        while (!open.empty() && grid.Level(open.back()) > grid.Level(row)) open.pop_back();
+        if (!open.empty() && grid.Level(open.back()) == grid.Level(row)) {
+            entry(row).run = entry(open.back()).run;
+            open.pop_back();
         } else {
-            entry.run = static_cast<int>(runs_.size());
-            entry.place = 1;
+            entry(row).run = static_cast<int>(runs_.size());
             runs_.push_back(0);
-            if (!open.empty()) {
-                Entry& parent = rows_[static_cast<std::size_t>(open.back().row)];
-                if (parent.childRun == kNone) parent.childRun = entry.run;
-            }
-            open.push_back({row, level});
         }
-        ++runs_[static_cast<std::size_t>(entry.run)];
+        entry(row).place = ++runs_[static_cast<std::size_t>(entry(row).run)];
+        if (!open.empty()) ++entry(open.back()).children;
+        open.push_back(row);
     }
     version_ = grid.RowsVersion();
     read_ = true;

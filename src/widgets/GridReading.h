@@ -33,7 +33,7 @@ private:
     struct Entry {
         int place = 0;
         int run = kNone;
-        int childRun = kNone;
+        int children = 0;
     };
     void Read(const OutlineGrid& grid);
 

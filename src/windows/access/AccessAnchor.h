@@ -16,6 +16,10 @@ namespace dlv {
 /// has returned, since it may open a dialog.
 inline constexpr UINT kAccessAction = WM_APP + 0x61;
 
+/// Whether a person could use the window: it is to be seen, and neither it nor a window that it stands in is
+/// disabled, as all are while a dialog is open.
+bool TakesInput(HWND window);
+
 class AccessAnchor {
 public:
     /// `gate` outlives the window.

@@ -31,7 +31,10 @@ std::string AccessibleCell::Value() {
 
 std::string AccessibleCell::Description() {
     const int row = Row();
-    return screen_.IsData(row) ? screen_.Reason(row, column_) : std::string();
+    if (!screen_.IsData(row) || column_ == screen_.Grid().TreeColumn()) return {};
+    const std::string name = ShownText(screen_.Grid(), row, screen_.Grid().TreeColumn());
+    const std::string reason = screen_.Reason(row, column_);
+    return name.empty() || reason.empty() ? name + reason : name + ". " + reason;
 }
 
 LONG AccessibleCell::State() {

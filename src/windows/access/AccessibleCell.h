@@ -1,5 +1,6 @@
 // A cell of a grid for a reader of the screen: named by its column's heading, with its text as its value and
-// the reason for it as its description. It belongs to its row, as AccessibleRow has it, and to its column.
+// its row's name and the reason for the figure as its description, so that who moves up and down hears where.
+// It belongs to its row, as AccessibleRow has it, and to its column.
 #pragma once
 
 #include "windows/access/AccessibleObject.h"

@@ -39,6 +39,13 @@ void GiveNumber(LONG number, VARIANT* out) {
 
 }  // namespace
 
+bool TakesInput(HWND window) {
+    if (!IsWindowVisible(window)) return false;
+    for (HWND each = window; each != nullptr; each = GetAncestor(each, GA_PARENT))
+        if (!IsWindowEnabled(each)) return false;
+    return true;
+}
+
 AccessibleObject::AccessibleObject(std::shared_ptr<AccessAnchor> anchor) : anchor_(std::move(anchor)) {
     ++made;
     ++alive;
@@ -191,7 +198,10 @@ STDMETHODIMP AccessibleObject::get_accDefaultAction(VARIANT child, BSTR* text) {
 }
 
 STDMETHODIMP AccessibleObject::accSelect(LONG flags, VARIANT child) {
-    return anchor_->Call([&] { return Target(child)->Select(flags); });
+    return anchor_->Call([&] {
+        const Object target = Target(child);
+        return TakesInput(Surface()) ? target->Select(flags) : DISP_E_MEMBERNOTFOUND;
+    });
 }
 
 STDMETHODIMP AccessibleObject::accLocation(LONG* left, LONG* top, LONG* width, LONG* height, VARIANT child) {
@@ -231,7 +241,10 @@ STDMETHODIMP AccessibleObject::accHitTest(LONG x, LONG y, VARIANT* hit) {
 }
 
 STDMETHODIMP AccessibleObject::accDoDefaultAction(VARIANT child) {
-    return anchor_->Call([&] { return Target(child)->Act(); });
+    return anchor_->Call([&] {
+        const Object target = Target(child);
+        return TakesInput(Surface()) ? target->Act() : DISP_E_MEMBERNOTFOUND;
+    });
 }
 
 STDMETHODIMP AccessibleObject::Next(ULONG count, VARIANT* children, ULONG* fetched) {
@@ -295,10 +308,8 @@ RECT AccessibleObject::WindowArea() const {
 }
 
 LONG AccessibleObject::WindowState() const {
-    LONG state = 0;
-    if (!IsWindowEnabled(Surface())) state |= STATE_SYSTEM_UNAVAILABLE;
-    if (!IsWindowVisible(Surface())) state |= STATE_SYSTEM_INVISIBLE;
-    return state;
+    if (!IsWindowVisible(Surface())) return STATE_SYSTEM_INVISIBLE;
+    return TakesInput(Surface()) ? 0 : STATE_SYSTEM_UNAVAILABLE;
 }
 
 }  // namespace dlv

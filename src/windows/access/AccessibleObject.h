@@ -96,6 +96,7 @@ public:
         bool several = false;
     };
     virtual Selection Selected() { return {}; }
+    // Only while the window takes input.
     virtual HRESULT Select(LONG /*flags*/) { return DISP_E_MEMBERNOTFOUND; }
     virtual std::string ActionText() { return {}; }
     virtual HRESULT Act() { return DISP_E_MEMBERNOTFOUND; }

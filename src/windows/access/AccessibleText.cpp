@@ -8,7 +8,7 @@ std::string AccessibleText::Name() {
 }
 
 HRESULT AccessibleText::Act() {
-    if (screen_.ClickText().empty() || !IsWindowEnabled(Surface())) return DISP_E_MEMBERNOTFOUND;
+    if (screen_.ClickText().empty()) return DISP_E_MEMBERNOTFOUND;
     PostMessageW(Surface(), kAccessAction, 0, 0);
     return S_OK;
 }

@@ -30,7 +30,7 @@ std::string GridAccess::Caption(std::string_view key) const {
 
 void GridAccess::RunAsked() {
     const std::optional<Asked> asked = TakeAsked();
-    if (!asked) return;
+    if (!asked || !TakesInput(Surface())) return;
     GoTo(asked->row, asked->column);
     FormListener& listener = window_.Form().Listener();
     listener.GridPressed(Grid(), kLeftButton);

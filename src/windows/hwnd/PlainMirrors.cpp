@@ -142,7 +142,7 @@ LRESULT LabelMirror::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SIZE:
         case WM_UPDATEUISTATE: InvalidateRect(Handle(), nullptr, FALSE); break;
         case kAccessAction:
-            if (label_.Clickable()) Owner().Listener().Clicked(label_);
+            if (label_.Clickable() && TakesInput(Handle())) Owner().Listener().Clicked(label_);
             return 0;
         case WM_SETCURSOR:
             if (!label_.Clickable() || Host().Viewer().Controls().MousePointer() != kDefaultPointer) break;

@@ -91,7 +91,7 @@ std::vector<ToolbarScreen::Tool> ToolbarMirror::Tools() const {
 
 LRESULT ToolbarMirror::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == kAccessAction) {
-        Choose(static_cast<int>(wParam));
+        if (TakesInput(Handle())) Choose(static_cast<int>(wParam));
         return 0;
     }
     const LRESULT result = Mirror::OnMessage(message, wParam, lParam);

@@ -1,6 +1,7 @@
 // What is read out of a grid: where rows stand among their like, and rows that are found again.
 #include <gtest/gtest.h>
 
+#include "tests/support/Random.h"
 #include "widgets/GridReading.h"
 
 namespace dlv {
@@ -33,13 +34,38 @@ TEST(OutlinePlaces, CountRowsOfOneLevelBelowOneNode) {
     OutlineGrid grid("grid");
     Fill(grid, {{"r", 1}, {"a", 2}, {"a1", 4}, {"a2", 4}, {"a3", 3}, {"b", 2}, {"s", 1}});
     OutlinePlaces places;
-    const char* const wanted[] = {"0: 0/0+0", "0: 1/2+2", "1: 1/2+2", "3: 1/2+0",
+    const char* const wanted[] = {"0: 0/0+0", "0: 1/2+2", "1: 1/2+3", "3: 1/2+0",
                                   "3: 2/2+0", "2: 1/1+0", "1: 2/2+0", "0: 2/2+0"};
     for (int row = 0; row < grid.Rows(); ++row) EXPECT_EQ(PlaceText(places, grid, row), wanted[row]) << row;
     grid.SetCollapsed(1, true);
     EXPECT_EQ(PlaceText(places, grid, 1), "0: 1/2+2") << "what is closed is counted all the same";
     Fill(grid, {{"r", 0}});
     EXPECT_EQ(PlaceText(places, grid, 1), "0: 1/1+0");
+}
+
+TEST(OutlinePlaces, AreWhatCountingRowByRowGives) {
+    test::Random random(7);
+    for (int round = 0; round < 100; ++round) {
+        std::vector<RowOf> rows(1 + random.Below(30), RowOf{"", 0});
+        for (RowOf& row : rows) row.level = static_cast<int>(random.Below(5));
+        OutlineGrid grid("grid");
+        Fill(grid, rows);
+        OutlinePlaces places;
+        for (int row = 1; row < grid.Rows(); ++row) {
+            int place = 0, count = 0, children = 0;
+            for (int other = 1; other < grid.Rows(); ++other) {
+                if (grid.ParentRow(other) == row) ++children;
+                if (grid.ParentRow(other) != grid.ParentRow(row) || grid.Level(other) != grid.Level(row))
+                    continue;
+                ++count;
+                if (other <= row) ++place;
+            }
+            const OutlinePlaces::Place found = places.Of(grid, row);
+            ASSERT_EQ(found.place, place) << round << ", row " << row;
+            ASSERT_EQ(found.count, count) << round << ", row " << row;
+            ASSERT_EQ(found.children, children) << round << ", row " << row;
+        }
+    }
 }
 
 TEST(RowReference, FindsItsRowAgainOrNone) {

@@ -105,13 +105,14 @@ TEST_F(AccessTest, TheHierarchyIsAnOutlineOfItsUnits) {
 
 TEST_F(AccessTest, RowsAndCellsLeadToOneAnother) {
     ShowHierarchy();
-    ExpectSaid(Said("walk hit 4 2"),
-               {"first: header", "next: header Business Units", "next: item Business Units = 0 (L1,",
-                "right: item North = 1 (L2,", "left: item Business Units = 0", "last: cell Productivity",
-                "previous: cell Work Orders: Not Done (Not among the chosen units.)",
-                "parent: item Business Units = 0 (L1, 1 of 1 with 1) [Collapse] expanded",
-                "parent: outline Business Unit Hierarchy, Work Orders", "hit: item North = 1",
-                "hit: cell Technicians = 7 (Sum over 2 units: North, South.) [View Details]", "hit: itself"});
+    ExpectSaid(
+        Said("walk hit 4 2"),
+        {"first: header", "next: header Business Units", "next: item Business Units = 0 (L1,",
+         "right: item North = 1 (L2,", "left: item Business Units = 0", "last: cell Productivity",
+         "previous: cell Work Orders: Not Done (Business Units. Not among the chosen units.)",
+         "parent: item Business Units = 0 (L1, 1 of 1 with 1) [Collapse] expanded",
+         "parent: outline Business Unit Hierarchy, Work Orders", "hit: item North = 1",
+         "hit: cell Technicians = 7 (North. Sum over 2 units: North, South.) [View Details]", "hit: itself"});
 }
 
 TEST_F(AccessTest, FiguresTellTheirHeadingsAndToolsTheirNames) {
@@ -256,6 +257,7 @@ TEST_F(AccessTest, DialogsAreRead) {
     Lines said;
     const DialogWatch watch([&](HWND dialog) {
         said = Read(dialog, "windows");
+        EXPECT_EQ(Said("act 3 select 3"), (Lines{"act failed", "select failed"})) << "behind a dialog";
         PostMessageW(dialog, WM_CLOSE, 0, 0);
     });
     EXPECT_EQ(Receive(control_.Viewer(), BrokenMessage().Get()), S_OK);

@@ -6,6 +6,7 @@
 
 #include "base/Text.h"
 #include "hosts/demo/workday/DayMessages.h"
+#include "hosts/demo/workday/DayRecords.h"
 #include "windows/com/Strings.h"
 
 namespace dlv::demo {
@@ -16,7 +17,6 @@ constexpr wchar_t kClass[] = L"DashlonDemoHost";
 constexpr wchar_t kTitle[] = L"Operations Desk";
 
 constexpr int kLogHeight = 96;
-constexpr int kFontPoints = 9;
 
 /// When the host comes to work, and how much of the day goes by between figures.
 constexpr int kFirstMinute = 120;
@@ -36,16 +36,6 @@ ACCEL kKeys[] = {{FVIRTKEY, VK_F5, kRefresh}, {FVIRTKEY, VK_F6, kPause},    {FVI
 
 const wchar_t* const kLanguageNames[kLanguages] = {L"English", L"Portugu\u00EAs", L"Espa\u00F1ol"};
 
-int DpiOf(HWND window) {
-    const UINT dpi = GetDpiForWindow(window);
-    return dpi == 0 ? USER_DEFAULT_SCREEN_DPI : static_cast<int>(dpi);
-}
-
-std::string ClockText(int minutes) {
-    const std::string rest = std::to_string(minutes % 60);
-    return std::to_string(minutes / 60) + (rest.size() < 2 ? ":0" : ":") + rest;
-}
-
 }  // namespace
 
 DemoWindow::DemoWindow(const Options& options, std::unique_ptr<ControlHolder> holder,
@@ -61,8 +51,6 @@ DemoWindow::DemoWindow(const Options& options, std::unique_ptr<ControlHolder> ho
 
 DemoWindow::~DemoWindow() {
     if (window_ != nullptr) DestroyWindow(window_);
-    DeleteObject(fonts_.regular);
-    DeleteObject(fonts_.bold);
     DestroyAcceleratorTable(keys_);
 }
 
@@ -133,6 +121,7 @@ void DemoWindow::RunMessages() {
 }
 
 bool DemoWindow::IsUsedUp(MSG& message) {
+    if (details_.Owns(message.hwnd)) return details_.Translate(message);
     if (TranslateAcceleratorW(window_, keys_, &message) != 0) return true;
     if (IsChild(header_.Handle(), message.hwnd)) return IsDialogMessageW(header_.Handle(), &message) != FALSE;
     return holder_->Translate(message);
@@ -219,7 +208,7 @@ void DemoWindow::DetailsAsked(const DLVParams& params) {
     const auto units = Split(params.BUID, '|');
     Tell(line + (units.size() == 1 ? ", unit " : ", " + std::to_string(units.size()) + " units ") +
          params.BUID);
-    ShowLog(true);
+    if (sentDay_) details_.Show(window_, RecordsBehind(*sentDay_, params));
 }
 
 void DemoWindow::Tell(const std::string& line) {
@@ -239,21 +228,10 @@ void DemoWindow::Complain(const std::string& line) {
 }
 
 void DemoWindow::MakeLook() {
-    NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof metrics;
     const int dpi = DpiOf(window_);
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    LOGFONTW& font = metrics.lfMessageFont;
-    font.lfHeight = -MulDiv(kFontPoints, dpi, 72);
-    font.lfQuality = CLEARTYPE_QUALITY;
-    const HostFonts before = fonts_;
-    fonts_.regular = CreateFontIndirectW(&font);
-    font.lfWeight = FW_BOLD;
-    fonts_.bold = CreateFontIndirectW(&font);
+    const HostFonts before = std::exchange(fonts_, HostFonts(dpi));
     header_.SetLook(fonts_, dpi);
-    SendMessageW(log_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.regular), TRUE);
-    DeleteObject(before.regular);
-    DeleteObject(before.bold);
+    SendMessageW(log_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.Regular()), TRUE);
 }
 
 void DemoWindow::UpdateHeader() {
@@ -289,7 +267,7 @@ void DemoWindow::StartDay() { day_ = std::make_unique<WorkingDay>(seed_); }
 
 void DemoWindow::SendFigures() {
     if (!session_.Ready() || server_ == Server::Stopped) return;
-    session_.Send(FiguresMessage(*day_, language_, options_.refreshSeconds / 60.0));
+    if (session_.Send(FiguresMessage(*day_, language_, options_.refreshSeconds / 60.0))) sentDay_ = *day_;
     UpdateHeader();
     // What is called may put another in its place.
     if (const auto notify = afterFigures) notify();

@@ -1,15 +1,17 @@
-// The host application's window: a menu, a line about the working day, the control, and below it, once there
-// is something to tell, the requests of the control. It plays the server too: a timer lets the day go on and
-// sends the figures.
+// The host application's window: the band with the working day and the commands, the control, and below it,
+// when wanted, the requests of the control. The records behind a figure get a window of their own. It plays
+// the server too: a timer lets the day go on and sends the figures.
 #pragma once
 
 #include <windows.h>
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "hosts/demo/ControlHolder.h"
+#include "hosts/demo/DetailsWindow.h"
 #include "hosts/demo/HeaderBar.h"
 #include "hosts/demo/Options.h"
 #include "hosts/demo/ViewerSession.h"
@@ -70,14 +72,17 @@ private:
     ProfileStore profiles_;
     ViewerSession session_;
     std::unique_ptr<WorkingDay> day_;
+    /// As it was when the control was last sent figures: they are what it asks about.
+    std::optional<WorkingDay> sentDay_;
     std::uint32_t seed_;
     Language language_;
     Server server_ = Server::Running;
     HWND window_ = nullptr;
+    HostFonts fonts_;
     HeaderBar header_;
     HWND log_ = nullptr;
     bool logShown_ = false;
-    HostFonts fonts_;
+    DetailsWindow details_;
     HACCEL keys_ = nullptr;
 };
 

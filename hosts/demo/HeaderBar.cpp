@@ -59,8 +59,13 @@ bool HeaderBar::Create(HWND parent, const std::wstring& title, const std::vector
 }
 
 void HeaderBar::SetLook(const HostFonts& fonts, int dpi) {
-    fonts_ = fonts;
+    fonts_ = &fonts;
     dpi_ = dpi;
+}
+
+void HeaderBar::SetTitle(const std::wstring& title) {
+    title_ = title;
+    InvalidateRect(window_, nullptr, FALSE);
 }
 
 void HeaderBar::SetNote(const std::wstring& note) {
@@ -81,7 +86,7 @@ void HeaderBar::Place(int width) {
     const int top = (Height() - Scaled(kButtonHeight)) / 2;
     int right = width - Scaled(kMargin);
     for (auto button = buttons_.rbegin(); button != buttons_.rend(); ++button) {
-        const int buttonWidth = TextWidth(TextOf(*button), fonts_.regular) + 2 * Scaled(kButtonPadding);
+        const int buttonWidth = TextWidth(TextOf(*button), fonts_->Regular()) + 2 * Scaled(kButtonPadding);
         MoveWindow(*button, right - buttonWidth, top, buttonWidth, Scaled(kButtonHeight), TRUE);
         right -= buttonWidth + Scaled(kGap);
     }
@@ -130,14 +135,14 @@ void HeaderBar::Paint(HDC dc) const {
     Fill(dc, place, kGround);
     place.left += Scaled(kMargin);
     place.right = buttonsLeft_ - Scaled(kMargin);
-    DrawLine(dc, title_, place, fonts_.bold, kTitle, DT_LEFT);
-    place.left += TextWidth(title_, fonts_.bold) + 2 * Scaled(kMargin);
-    DrawLine(dc, note_, place, fonts_.regular, kNote, DT_LEFT);
+    DrawLine(dc, title_, place, fonts_->Bold(), kTitle, DT_LEFT);
+    place.left += TextWidth(title_, fonts_->Bold()) + 2 * Scaled(kMargin);
+    DrawLine(dc, note_, place, fonts_->Regular(), kNote, DT_LEFT);
 }
 
 void HeaderBar::PaintButton(const DRAWITEMSTRUCT& item) const {
     Fill(item.hDC, item.rcItem, (item.itemState & ODS_SELECTED) != 0 ? kButtonPressed : kButton);
-    DrawLine(item.hDC, TextOf(item.hwndItem), item.rcItem, fonts_.regular, kTitle, DT_CENTER);
+    DrawLine(item.hDC, TextOf(item.hwndItem), item.rcItem, fonts_->Regular(), kTitle, DT_CENTER);
     if ((item.itemState & (ODS_FOCUS | ODS_NOFOCUSRECT)) == ODS_FOCUS) {
         RECT focus = item.rcItem;
         InflateRect(&focus, -Scaled(2), -Scaled(2));

@@ -1,5 +1,5 @@
-// The band at the top of the host's window: whose it is, what time of the working day it is, and the host's
-// own commands as buttons. A pressed button reaches the parent as WM_COMMAND.
+// The band at the top of a window of the host's: a title, a note behind it, and the window's commands as
+// buttons. A pressed button reaches the parent as WM_COMMAND.
 #pragma once
 
 #include <windows.h>
@@ -7,12 +7,9 @@
 #include <string>
 #include <vector>
 
-namespace dlv::demo {
+#include "hosts/demo/HostLook.h"
 
-struct HostFonts {
-    HFONT regular = nullptr;
-    HFONT bold = nullptr;
-};
+namespace dlv::demo {
 
 class HeaderBar {
 public:
@@ -27,6 +24,7 @@ public:
 
     /// The fonts outlive the bar.
     void SetLook(const HostFonts& fonts, int dpi);
+    void SetTitle(const std::wstring& title);
     void SetNote(const std::wstring& note);
     void SetItemText(int command, const std::wstring& text);
     void Place(int width);
@@ -47,7 +45,7 @@ private:
     std::vector<HWND> buttons_;
     std::wstring title_;
     std::wstring note_;
-    HostFonts fonts_;
+    const HostFonts* fonts_ = nullptr;
     int dpi_ = USER_DEFAULT_SCREEN_DPI;
     int width_ = 0;
     int buttonsLeft_ = 0;

@@ -42,6 +42,19 @@ constexpr JobClass kClassRows[kJobClasses] = {
     {{"PUB", {"Public Works", "Obras Públicas", "Obras Públicas"}}, 2},
 };
 
+// Their numbers have no common divisor: only after the product of both does a name come again.
+constexpr std::string_view kFirstNames[] = {
+    "Amara", "Bruno",  "Carla", "Dmitri", "Elena",  "Farid",  "Grace", "Hugo",
+    "Ines",  "João",   "Keiko", "Liam",   "Marta",  "Nathan", "Olga",  "Pedro",
+    "Quinn", "Renata", "Samir", "Tess",   "Ulises", "Vera",   "Wendy", "Yusuf",
+};
+constexpr std::string_view kLastNames[] = {
+    "Abbott",  "Barros",    "Castillo", "Dawson",    "Eriksen",   "Ferreira", "Garnier",  "Hollis",
+    "Ibarra",  "Jansen",    "Keller",   "Lindqvist", "Moreau",    "Núñez",    "Okafor",   "Pereira",
+    "Quigley", "Rossi",     "Sandoval", "Tanaka",    "Underhill", "Vargas",   "Whitaker", "Xavier",
+    "Yamada",  "Zielinski", "Braga",    "Conway",    "Duarte",    "Esposito", "Fontaine",
+};
+
 }  // namespace
 
 std::string_view LanguageCode(Language language) {
@@ -56,6 +69,15 @@ std::string_view LanguageCode(Language language) {
 std::span<const Unit> Units() { return kUnits; }
 std::span<const JobType, kJobTypes> JobTypes() { return kTypeRows; }
 std::span<const JobClass, kJobClasses> JobClasses() { return kClassRows; }
+
+std::string TechnicianName(std::size_t unit, std::size_t technician) {
+    std::size_t place = technician;
+    for (std::size_t before = 0; before < unit; ++before)
+        place += static_cast<std::size_t>(kUnits[before].technicians);
+    // Neighbours differ in both.
+    const std::string first(kFirstNames[place % std::size(kFirstNames)]);
+    return first + " " + std::string(kLastNames[place * 7 % std::size(kLastNames)]);
+}
 
 std::string_view TimeFormat(Language language) {
     return language == Language::English ? "h:nn:ss AM/PM" : "hh:nn:ss";

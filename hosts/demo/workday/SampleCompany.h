@@ -4,6 +4,7 @@
 
 #include <array>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace dlv::demo {
@@ -35,6 +36,9 @@ struct Code {
 
     std::string_view In(Language language) const { return description[static_cast<std::size_t>(language)]; }
 };
+
+/// Of a technician of a unit, both by their places; no two have the same.
+std::string TechnicianName(std::size_t unit, std::size_t technician);
 
 inline constexpr std::size_t kJobTypes = 6;
 inline constexpr std::size_t kJobClasses = 8;

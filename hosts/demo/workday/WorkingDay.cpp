@@ -26,6 +26,11 @@ int SumOfFrequencies() {
 
 }  // namespace
 
+std::string ClockText(int minutes) {
+    const std::string rest = std::to_string(minutes % 60);
+    return std::to_string(minutes / 60) + (rest.size() < 2 ? ":0" : ":") + rest;
+}
+
 WorkingDay::WorkingDay(std::uint32_t seed) : random_(seed), crews_(Units().size()) {
     for (std::size_t unit = 0; unit < crews_.size(); ++unit)
         MakeCrew(crews_[unit], Units()[unit].technicians);
@@ -74,7 +79,8 @@ void WorkingDay::Advance(int minutes) {
 void WorkingDay::WorkOneMinute(Crew& crew) {
     for (Order& order : crew.orders)
         if (order.state == State::Waiting && order.cancelAt <= minute_) order.state = State::Canceled;
-    for (Technician& technician : crew.technicians) {
+    for (std::size_t i = 0; i < crew.technicians.size(); ++i) {
+        Technician& technician = crew.technicians[i];
         if (technician.busyUntil > minute_) continue;
         if (technician.order) {
             Order& order = crew.orders[*technician.order];
@@ -84,6 +90,7 @@ void WorkingDay::WorkOneMinute(Crew& crew) {
         if (!technician.order) continue;
         Order& order = crew.orders[*technician.order];
         order.state = State::UnderWay;
+        order.technician = i;
         technician.busyUntil = minute_ + order.minutes;
     }
 }
@@ -104,35 +111,56 @@ int WorkingDay::HoursRemaining(std::size_t unit) const {
     return Units()[unit].technicians * kMinutes / 60 - HoursWorked(unit);
 }
 
-void WorkingDay::Count(const Order& order, Counters& counters) const {
-    const auto add = [&](Status status) {
-        ++counters[status];
-        counters[kStatuses + status] += order.points;
-    };
+Status WorkingDay::StatusOf(const Order& order) const {
     switch (order.state) {
-        case State::Completed: return add(kCompleted);
-        case State::Canceled: return add(kCanceled);
-        case State::NotDone: return add(kNotDone);
+        case State::Completed: return kCompleted;
+        case State::Canceled: return kCanceled;
+        case State::NotDone: return kNotDone;
         case State::Waiting:
         case State::UnderWay: break;
     }
-    add(kOpen);
     const int left = order.due - minute_;
-    if (left < 0)
-        add(kLate);
-    else if (left <= kJeopardyMinutes)
-        add(kJeopardy);
-    else if (left <= 3 * kJeopardyMinutes)
-        add(kWarning);
+    if (left < 0) return kLate;
+    if (left <= kJeopardyMinutes) return kJeopardy;
+    return left <= 3 * kJeopardyMinutes ? kWarning : kOpen;
 }
 
 std::vector<WorkingDay::Figures> WorkingDay::FiguresOf(std::size_t unit) const {
     std::map<std::pair<std::size_t, std::size_t>, Counters> jobs;
-    for (const Order& order : crews_[unit].orders)
-        if (order.comesIn <= minute_) Count(order, jobs[{order.jobType, order.jobClass}]);
+    for (const WorkOrder& order : OrdersOf(unit)) {
+        Counters& counters = jobs[{order.jobType, order.jobClass}];
+        const auto count = [&](Status status) {
+            ++counters[status];
+            counters[kStatuses + status] += order.points;
+        };
+        count(order.status);
+        if (IsOpen(order.status) && order.status != kOpen) count(kOpen);
+    }
     std::vector<Figures> figures;
     for (const auto& [job, counters] : jobs) figures.push_back({job.first, job.second, counters});
     return figures;
+}
+
+std::vector<WorkingDay::WorkOrder> WorkingDay::OrdersOf(std::size_t unit) const {
+    const std::vector<Order>& orders = crews_[unit].orders;
+    std::vector<WorkOrder> known;
+    for (std::size_t i = 0; i < orders.size(); ++i) {
+        const Order& order = orders[i];
+        if (order.comesIn <= minute_)
+            known.push_back({i + 1, order.jobType, order.jobClass, StatusOf(order), order.due, order.points,
+                             order.technician});
+    }
+    return known;
+}
+
+std::vector<WorkingDay::CrewMember> WorkingDay::CrewOf(std::size_t unit) const {
+    const Crew& crew = crews_[unit];
+    std::vector<CrewMember> members;
+    for (const Technician& technician : crew.technicians)
+        members.push_back({technician.order ? std::optional(*technician.order + 1) : std::nullopt, 0});
+    for (const Order& order : crew.orders)
+        if (order.state == State::Completed) ++members[*order.technician].completed;
+    return members;
 }
 
 }  // namespace dlv::demo

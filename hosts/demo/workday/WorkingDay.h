@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <random>
+#include <string>
 #include <vector>
 
 #include "hosts/demo/workday/SampleCompany.h"
@@ -20,6 +21,12 @@ namespace dlv::demo {
 using Counters = std::array<int, 14>;
 inline constexpr std::size_t kStatuses = 7;
 enum Status : std::size_t { kOpen, kWarning, kJeopardy, kLate, kCompleted, kCanceled, kNotDone };
+
+/// Nobody has finished or canceled it.
+constexpr bool IsOpen(Status status) { return status < kCompleted; }
+
+/// Hours and minutes: "2:05".
+std::string ClockText(int minutes);
 
 class WorkingDay {
 public:
@@ -47,6 +54,31 @@ public:
     /// A unit's own figures, without those of the units below it: all kinds of jobs that it had today.
     std::vector<Figures> FiguresOf(std::size_t unit) const;
 
+    struct WorkOrder {
+        /// Among the unit's orders, from 1; stays the same all day.
+        std::size_t number;
+        std::size_t jobType;
+        std::size_t jobClass;
+        /// One that is in danger or late has that status, although it is open too.
+        Status status;
+        /// In minutes since the beginning of work; what is behind the end of the day is due tomorrow.
+        int due;
+        int points;
+        /// Who works on it or has done so, by the place in the crew.
+        std::optional<std::size_t> technician;
+    };
+    /// The orders behind a unit's own figures: those that have come in.
+    std::vector<WorkOrder> OrdersOf(std::size_t unit) const;
+
+    struct CrewMember {
+        /// The number of the order being worked on.
+        std::optional<std::size_t> order;
+        /// Orders completed today.
+        int completed;
+    };
+    /// As many as the unit has technicians.
+    std::vector<CrewMember> CrewOf(std::size_t unit) const;
+
 private:
     enum class State { Waiting, UnderWay, Completed, Canceled, NotDone };
 
@@ -61,6 +93,7 @@ private:
         int minutes;
         bool fails;
         State state = State::Waiting;
+        std::optional<std::size_t> technician;
     };
 
     struct Technician {
@@ -79,7 +112,7 @@ private:
     void MakeCrew(Crew& crew, int technicians);
     void WorkOneMinute(Crew& crew);
     std::optional<std::size_t> NextOrder(const Crew& crew);
-    void Count(const Order& order, Counters& counters) const;
+    Status StatusOf(const Order& order) const;
 
     std::mt19937 random_;
     int minute_ = 0;

@@ -12,7 +12,7 @@
 //   hold ID COLUMN    keeps a row and one of its cells for...
 //   held              ... what they say now
 //   pause             prints what is to be told, and waits until it is told to go on
-//   events            listens until it is told to go on, then prints what it heard
+//   events [SECONDS]  listens for so long, or until it is told to go on, and prints what it hears
 //
 // It is told to go on by a property "ReaderMayGoOn" of the window; while it waits, the window has one
 // "ReaderWaits".
@@ -226,21 +226,36 @@ private:
         for (const auto& object : held_) Say("held: ", Ask(object.Get()));
     }
 
+    static void HandleMessages() {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    }
+
     void Wait() const {
         SetPropW(window_, kWaits, reinterpret_cast<HANDLE>(1));
-        MSG message;
         while (IsWindow(window_) && GetPropW(window_, kMayGoOn) == nullptr) {
-            while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+            HandleMessages();
             Sleep(5);
         }
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+        HandleMessages();
         RemovePropW(window_, kMayGoOn);
     }
 
-    void Listen() const {
+    void Listen() {
         EventLog log(window_);
-        Wait();
-        for (const std::string& line : log.Take()) Say(line);
+        const auto tell = [&] {
+            for (const std::string& line : log.Take()) Say(line);
+        };
+        if (!NumberFollows()) {
+            Wait();
+            return tell();
+        }
+        const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(Number()) * 1000;
+        while (GetTickCount64() < end) {
+            HandleMessages();
+            tell();
+            Sleep(5);
+        }
     }
 
     HWND window_;

@@ -6,14 +6,16 @@
 #include "windows/com/Classes.h"
 #include "windows/com/Module.h"
 #include "windows/com/Registration.h"
+#include "windows/com/Unloading.h"
 
 using dlv::RegisterFor;
 
-BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
+BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID processEnds) {
     if (reason == DLL_PROCESS_ATTACH) {
         dlv::SetModuleInstance(instance);
         DisableThreadLibraryCalls(instance);
     }
+    if (reason == DLL_PROCESS_DETACH && processEnds == nullptr) dlv::NoteUnloading();
     return TRUE;
 }
 

@@ -91,11 +91,14 @@ STDMETHODIMP ScriptObject::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* par
 STDMETHODIMP ScriptObject::GetClassInfo(ITypeInfo** info) {
     *info = nullptr;
     if (typeName_.empty()) return E_FAIL;
-    // A class of that name, made up for the purpose.
+    return DescribeClass(typeName_, info);
+}
+
+HRESULT DescribeClass(std::wstring name, ITypeInfo** info) {
     ComPtr<ICreateTypeLib2> library;
     ComPtr<ICreateTypeInfo> made;
     HRESULT result = CreateTypeLib2(sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32, L"script.tlb", &library);
-    if (SUCCEEDED(result)) result = library->CreateTypeInfo(typeName_.data(), TKIND_COCLASS, &made);
+    if (SUCCEEDED(result)) result = library->CreateTypeInfo(name.data(), TKIND_COCLASS, &made);
     return FAILED(result) ? result : made->QueryInterface(IID_PPV_ARGS(info));
 }
 

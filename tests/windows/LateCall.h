@@ -48,6 +48,9 @@ private:
     std::map<std::wstring, int> calls_;
 };
 
+/// A class of that name, made up for the purpose.
+HRESULT DescribeClass(std::wstring name, ITypeInfo** info);
+
 /// A value as a result: a text, a number or an object.
 HRESULT Return(VARIANT& result, const _variant_t& value);
 

@@ -2,11 +2,38 @@
 // with late-bound arguments that are wrong as a whole.
 #pragma once
 
-#include "tests/windows/hostile/LateShapes.h"
 #include "tests/windows/hostile/Scene.h"
-#include "tests/windows/hostile/Values.h"
 
 namespace dlv::hostile {
+
+/// A late-bound call in the making.
+struct LateCall {
+    explicit LateCall(const Member& member);
+
+    DISPID id;
+    IID iid = IID_NULL;
+    LCID locale = LOCALE_USER_DEFAULT;
+    WORD flags = DISPATCH_METHOD;
+    /// From last to first; what they hold is somebody else's.
+    std::vector<VARIANT> arguments;
+    std::vector<DISPID> names;
+    /// How many names the call says that it has.
+    UINT nameCount = 0;
+    bool withoutParameters = false;
+    bool withoutArguments = false;
+    bool withoutNames = false;
+    bool withoutResult = false;
+    bool withoutException = false;
+    bool withoutPlace = false;
+};
+
+/// A way in which such a call can be wrong as a whole: counts, names, flags, ids and missing pointers.
+struct LateShape {
+    const char* name;
+    std::function<void(LateCall&)> spoil;
+};
+
+const std::vector<LateShape>& LateShapes();
 
 /// Plants a fault for the caller to notice: from now on it happens whenever DLVParams.BUID is put by its slot
 /// to "#". False when there is no fault of that name.

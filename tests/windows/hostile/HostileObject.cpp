@@ -1,7 +1,6 @@
 #include "tests/windows/hostile/HostileObject.h"
 
 #include "tests/windows/LateCall.h"
-#include "tests/windows/hostile/Values.h"
 
 namespace dlv::hostile {
 

@@ -1,4 +1,4 @@
-#include "tests/windows/hostile/LateShapes.h"
+#include "tests/windows/hostile/Caller.h"
 
 namespace dlv::hostile {
 

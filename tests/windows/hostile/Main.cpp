@@ -9,7 +9,7 @@
 // calls that were under way.
 #include <cstdio>
 #include <cstdlib>
-#include <set>
+#include <map>
 
 #include "tests/windows/Resources.h"
 #include "tests/windows/hostile/DialogKiller.h"
@@ -19,66 +19,44 @@
 namespace dlv::hostile {
 namespace {
 
-struct Options {
-    long calls = 200'000;
-    std::uint32_t seed = 1;
-    std::string only;
-    std::optional<std::size_t> sequence;
-    std::optional<std::set<std::size_t>> steps;
-    DWORD milliseconds = 60'000;
-    bool right = true;
-};
+/// What the command line gives, by name, over what holds without it.
+using Options = std::map<std::string, std::string>;
+
+unsigned long NumberOf(const Options& options, const char* name) {
+    return std::strtoul(options.at(name).c_str(), nullptr, 10);
+}
+
+/// Nothing when the command line is wrong.
+std::optional<Options> Read(int argc, char** argv) {
+    Options options{{"--calls", "200000"}, {"--seed", "1"},    {"--interface", ""}, {"--plant", ""},
+                    {"--seconds", "60"},   {"--sequence", ""}, {"--steps", ""}};
+    for (int i = 1; i < argc; i += 2) {
+        const auto known = options.find(argv[i]);
+        if (known == options.end() || i + 1 == argc) return std::nullopt;
+        known->second = argv[i + 1];
+    }
+    const std::string& fault = options["--plant"];
+    return fault.empty() || PlantFault(fault) ? std::optional(options) : std::nullopt;
+}
 
 struct Failure {
     std::size_t sequence;
     std::string what;
 };
 
-std::set<std::size_t> StepNumbers(const char* text) {
-    std::set<std::size_t> numbers;
-    char* end = nullptr;
-    for (const char* at = text; *at != '\0'; at = *end == ',' ? end + 1 : end) {
-        const std::size_t number = std::strtoul(at, &end, 10);
-        if (end == at) break;
-        numbers.insert(number);
-    }
-    return numbers;
-}
-
-Options Read(int argc, char** argv) {
-    Options options;
-    options.right = argc % 2 == 1;
-    for (int i = 1; i + 1 < argc; i += 2) {
-        const std::string name = argv[i];
-        const char* const value = argv[i + 1];
-        const unsigned long number = std::strtoul(value, nullptr, 10);
-        if (name == "--calls")
-            options.calls = static_cast<long>(number);
-        else if (name == "--seed")
-            options.seed = number;
-        else if (name == "--interface")
-            options.only = value;
-        else if (name == "--sequence")
-            options.sequence = number;
-        else if (name == "--steps")
-            options.steps = StepNumbers(value);
-        else if (name == "--seconds")
-            options.milliseconds = number * 1000;
-        else
-            options.right = options.right && name == "--plant" && PlantFault(value);
-    }
-    return options;
-}
-
 class Run {
 public:
     Run(const std::vector<Interface>& interfaces, const Plan& plan, const Options& options)
-        : interfaces_(interfaces), plan_(plan), options_(options) {}
+        : interfaces_(interfaces),
+          plan_(plan),
+          options_(options),
+          only_(!options.at("--sequence").empty()),
+          steps_(options.at("--steps").empty() ? "" : "," + options.at("--steps") + ",") {}
 
     std::optional<Failure> All() {
         // What the system makes once and keeps is made by then.
-        if (!options_.sequence) Sequence(plan_.FirstRandom());
-        const std::size_t first = options_.sequence.value_or(0);
+        if (!only_) Sequence(plan_.FirstRandom());
+        const std::size_t first = NumberOf(options_, "--sequence");
         std::size_t next = first;
         for (std::size_t block = first; !IsDone(next, first); block = next) {
             for (BeginBlock(); next - block < kBlock && !IsDone(next, first); ++next) {
@@ -89,8 +67,8 @@ public:
             if (std::string wrong = NewControlFails(); !wrong.empty()) return Failure{next - 1, wrong};
             if (auto leak = LeakIn(block, next)) return leak;
         }
-        std::printf("seed %u: %ld calls in %zu sequences, %d dialogs closed\n", options_.seed, calls_,
-                    next - first, DialogKiller::Killed());
+        std::printf("seed %lu: %ld calls in %zu sequences, %d dialogs closed\n", NumberOf(options_, "--seed"),
+                    calls_, next - first, DialogKiller::Killed());
         return std::nullopt;
     }
 
@@ -98,7 +76,7 @@ private:
     static constexpr std::size_t kBlock = 16;
 
     bool IsDone(std::size_t next, std::size_t first) const {
-        return options_.sequence ? next > first : calls_ >= options_.calls;
+        return only_ ? next > first : calls_ >= static_cast<long>(NumberOf(options_, "--calls"));
     }
 
     /// What is wrong after the sequence; empty when all is well.
@@ -117,7 +95,8 @@ private:
         Caller caller(scene);
         scene.OnReentry([&](Random& random) { caller.CallAny(random); });
         for (std::size_t step = 0; step < plan_.Steps(sequence); ++step) {
-            if (options_.steps && !options_.steps->contains(step)) continue;
+            if (!steps_.empty() && steps_.find("," + std::to_string(step) + ",") == std::string::npos)
+                continue;
             NoteStep(step);
             plan_.Do(sequence, step, scene, caller);
             if (!caller.Wrong().empty()) return caller.Wrong();
@@ -165,6 +144,8 @@ private:
     const std::vector<Interface>& interfaces_;
     const Plan& plan_;
     const Options& options_;
+    const bool only_;
+    const std::string steps_;
     const DialogKiller killer_;
     test::LabelResidue labels_;
     test::Resources before_;
@@ -181,16 +162,17 @@ void KeepNoTexts() {
 }
 
 int Main(const Options& options) {
-    StartWatch(options.milliseconds);
+    const auto seed = static_cast<std::uint32_t>(NumberOf(options, "--seed"));
+    StartWatch(static_cast<DWORD>(NumberOf(options, "--seconds")) * 1000);
     KeepNoTexts();
     const auto library = test::ControlTypeLibrary();
     const std::vector<Interface> interfaces = InterfacesOf(*library.Get());
-    const Plan plan(interfaces, options.seed, options.only);
+    const Plan plan(interfaces, seed, options.at("--interface"));
     const auto failure = Run(interfaces, plan, options).All();
     if (failure) {
-        std::printf("FAILED: seed %u, %s: %s\n", options.seed, plan.Name(failure->sequence).c_str(),
+        std::printf("FAILED: seed %u, %s: %s\n", seed, plan.Name(failure->sequence).c_str(),
                     failure->what.c_str());
-        std::printf("The shortest way there: ./dev hostile replay %u %zu\n", options.seed, failure->sequence);
+        std::printf("The shortest way there: ./dev hostile replay %u %zu\n", seed, failure->sequence);
     }
     std::printf("%d passed, %d failed\n", failure ? 0 : 1, failure ? 1 : 0);
     return failure ? 1 : 0;
@@ -200,8 +182,7 @@ int Main(const Options& options) {
 }  // namespace dlv::hostile
 
 int main(int argc, char** argv) {
-    const dlv::hostile::Options options = dlv::hostile::Read(argc, argv);
-    if (options.right) return dlv::hostile::Main(options);
+    if (const auto options = dlv::hostile::Read(argc, argv)) return dlv::hostile::Main(*options);
     std::printf(
         "hostile [--calls N] [--seed S] [--interface NAME] [--plant FAULT] [--seconds N] [--sequence K "
         "[--steps 1,5,7]]\n");

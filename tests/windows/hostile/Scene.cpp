@@ -4,7 +4,6 @@
 
 #include "tests/windows/hostile/DialogKiller.h"
 #include "tests/windows/hostile/HostileObject.h"
-#include "tests/windows/hostile/Values.h"
 
 namespace dlv::hostile {
 

@@ -3,9 +3,8 @@
 #pragma once
 
 #include "tests/windows/Support.h"
-#include "tests/windows/hostile/Arena.h"
 #include "tests/windows/hostile/Members.h"
-#include "tests/windows/hostile/Texts.h"
+#include "tests/windows/hostile/Values.h"
 
 namespace dlv::hostile {
 

@@ -15,18 +15,28 @@ namespace dlv {
 
 namespace {
 
-// The run-time library takes one.
+// What the library has; the run-time library takes one.
 std::array<std::atomic<DWORD>, 8> slots;
 std::atomic<std::size_t> slotCount{0};
 bool unloading = false;
 
+template <class Function>
+Function Real(const char* name) {
+    return reinterpret_cast<Function>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), name)));
+}
+
 DWORD WINAPI AllocateNotedSlot() {
-    const auto real = reinterpret_cast<DWORD(WINAPI*)()>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "TlsAlloc")));
-    const DWORD slot = real();
+    const DWORD slot = Real<DWORD(WINAPI*)()>("TlsAlloc")();
     if (slot != TLS_OUT_OF_INDEXES)
         if (const std::size_t at = slotCount++; at < slots.size()) slots[at] = slot;
     return slot;
+}
+
+BOOL WINAPI FreeNotedSlot(DWORD slot) {
+    for (std::size_t i = 0; i < slotCount && i < slots.size(); ++i)
+        if (slots[i] == slot) slots[i] = TLS_OUT_OF_INDEXES;
+    return Real<BOOL(WINAPI*)(DWORD)>("TlsFree")(slot);
 }
 
 /// The first static object of the library is the last to go.
@@ -40,7 +50,8 @@ public:
         for (; callbacks != nullptr && *callbacks != nullptr; ++callbacks)
             (*callbacks)(nullptr, DLL_THREAD_DETACH, nullptr);
         __gnu_cxx::__freeres();
-        for (std::size_t i = 0; i < slotCount && i < slots.size(); ++i) TlsFree(slots[i]);
+        for (std::size_t i = 0; i < slotCount && i < slots.size(); ++i)
+            if (const DWORD slot = slots[i]; slot != TLS_OUT_OF_INDEXES) FreeNotedSlot(slot);
     }
     LastToGo(const LastToGo&) = delete;
     LastToGo& operator=(const LastToGo&) = delete;
@@ -53,12 +64,16 @@ __attribute__((init_priority(kBeforeAllOthers))) LastToGo lastToGo;
 
 void NoteUnloading() { unloading = true; }
 
-// What calls to TlsAlloc go through in the whole library.
+// What calls of the whole library to these functions go through, under the names that imports have.
 #ifdef _WIN64
-extern "C" DWORD(WINAPI* const allocateSlot)() __asm__("__imp_TlsAlloc");
+#define DLV_IMPORT(name, size) "__imp_" name
 #else
-extern "C" DWORD(WINAPI* const allocateSlot)() __asm__("__imp__TlsAlloc@0");
+#define DLV_IMPORT(name, size) "__imp__" name "@" size
 #endif
+extern "C" DWORD(WINAPI* const allocateSlot)() __asm__(DLV_IMPORT("TlsAlloc", "0"));
+extern "C" BOOL(WINAPI* const freeSlot)(DWORD) __asm__(DLV_IMPORT("TlsFree", "4"));
+#undef DLV_IMPORT
 DWORD(WINAPI* const allocateSlot)() = AllocateNotedSlot;
+BOOL(WINAPI* const freeSlot)(DWORD) = FreeNotedSlot;
 
 }  // namespace dlv

@@ -1,25 +1,16 @@
 #include "player/SessionPlayer.h"
 
-#include <cstdio>
-
 #include "base/Number.h"
 #include "base/Text.h"
 #include "base/Trap.h"
 #include "control/ControlState.h"
+#include "player/SessionMessage.h"
 #include "player/Transcript.h"
-#include "webdata/QZWebMessage.h"
+#include "player/VisibleTranscript.h"
 
 namespace dlv::player {
 
 namespace {
-
-TimeOfDay ClockOf(const std::string& text) {
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    std::sscanf(text.c_str(), "%d:%d:%d", &hour, &minute, &second);
-    return hour * 3600 + minute * 60 + second;
-}
 
 /// A value as the platform converts it to a 32-bit integer: a text must be a number as a whole.
 std::int32_t ConvertedLong(const Json& value) {
@@ -36,60 +27,36 @@ std::string ConvertedText(const Json& value) {
     RaiseTypeMismatch();
 }
 
-std::shared_ptr<QZWebMessage> MessageOf(const Json& step) {
-    auto message = std::make_shared<QZWebMessage>(step.value("name", ""));
-    if (step.contains("document")) {
-        message->LoadText(step["document"]);
-        return message;
-    }
-    const Json props = step.value("props", Json::object());
-    for (const auto& property : props.items())
-        message->SetProperty(property.key(), property.value().get<std::string>());
-    const Json tables = step.value("tables", Json::object());
-    for (const auto& table : tables.items()) {
-        const auto target = message->Data(1)->AddTable(table.key());
-        const Json columns = table.value().value("cols", Json::array());
-        for (const Json& values : table.value().value("rows", Json::array())) {
-            const std::size_t row = target->AddRow();
-            for (std::size_t i = 0; i < columns.size() && i < values.size(); ++i)
-                target->SetField(row, columns[i].get<std::string>(), values[i].get<std::string>());
-        }
-    }
-    return message;
-}
-
-bool IsHostCall(const std::string& op) {
-    for (const char* call : {"initialize", "stopControl", "resizeControls", "setRegionalFormatInfo",
-                             "setSessionBUIDList", "receiveMessage", "receiveProfileResponse"})
-        if (op == call) return true;
-    return false;
-}
-
 }  // namespace
 
-SessionPlayer::SessionPlayer(std::optional<std::string> language)
-    : language_(std::move(language)), host_([this](const Json& step) { Make(step); }) {
+SessionPlayer::SessionPlayer(std::optional<std::string> language, Told told)
+    : language_(std::move(language)), told_(told), host_([this](const Json& step) { Make(step); }) {
     if (language_) host_.SetLanguage(*language_);
 }
 
 SessionPlayer::~SessionPlayer() = default;
 
+DLViewer& SessionPlayer::Viewer() { return *viewer_; }
+
 Json SessionPlayer::Play(const Json& step) {
     host_.Begin(step);
-    const bool created = step["op"] == "create";
-    if (created) {
+    if (step["op"] == "create") {
         viewer_ = std::make_unique<DLViewer>(host_, host_);
         state_ = Json::object();
+    } else if (const auto reason = WhyStepIsLeftOut(step)) {
+        return {{"leftOut", *reason}};
     } else {
         Make(step);
     }
-    Json now = StateTranscript(*viewer_);
-    Json changed = Json::object();
-    for (const auto& part : now.items())
-        if (!state_.contains(part.key()) || state_[part.key()] != part.value())
-            changed[part.key()] = part.value();
-    state_ = std::move(now);
-    return {{"log", host_.TakeLog()}, {"changed", std::move(changed)}};
+    Json now = told_ == Told::Visible ? VisibleState(*viewer_) : StateTranscript(*viewer_);
+    Json entry = {{"log", host_.TakeLog()}, {"changed", TakeChanges(state_, std::move(now))}};
+    if (told_ == Told::Visible) entry["visible"] = true;
+    return entry;
+}
+
+std::optional<std::string> SessionPlayer::WhyStepIsLeftOut(const Json& step) const {
+    if (told_ != Told::Visible || IsHostCall(step["op"]) || viewer_->Stopped()) return std::nullopt;
+    return WhyLeftOut(step, *viewer_);
 }
 
 void SessionPlayer::Make(const Json& step) {
@@ -214,8 +181,17 @@ void SessionPlayer::MakeUserAction(const Json& step) {
     }
 }
 
-std::string PlaySession(const Json& steps, const std::optional<std::string>& language) {
-    SessionPlayer player(language);
+Json TakeChanges(Json& before, Json now) {
+    Json changed = Json::object();
+    for (const auto& part : now.items())
+        if (!before.contains(part.key()) || before[part.key()] != part.value())
+            changed[part.key()] = part.value();
+    before = std::move(now);
+    return changed;
+}
+
+std::string PlaySession(const Json& steps, const std::optional<std::string>& language, Told told) {
+    SessionPlayer player(language, told);
     std::string text = "[";
     for (const Json& step : steps) {
         if (text.size() > 1) text += ",\n ";

@@ -12,14 +12,22 @@
 
 namespace dlv::player {
 
+/// Whether a transcript tells the whole state, or only what is to be seen on a screen.
+enum class Told { State, Visible };
+
 class SessionPlayer {
 public:
     /// With a language, captions are the control's own in that language; else keys.
-    explicit SessionPlayer(std::optional<std::string> language);
+    explicit SessionPlayer(std::optional<std::string> language, Told told = Told::State);
     ~SessionPlayer();
 
     /// The transcript entry of one step, which has passed the check of `ReadSteps`.
     Json Play(const Json& step);
+
+    /// Once the session's "create" was played.
+    DLViewer& Viewer();
+    /// Nothing for a step that will be made.
+    std::optional<std::string> WhyStepIsLeftOut(const Json& step) const;
 
 private:
     void Make(const Json& step);
@@ -31,12 +39,17 @@ private:
     bool GoTo(const Json& step);
 
     std::optional<std::string> language_;
+    Told told_;
     ScriptedHost host_;
     std::unique_ptr<DLViewer> viewer_;
     Json state_;
 };
 
+/// The parts of `now` that differ from `before`, which becomes `now`.
+Json TakeChanges(Json& before, Json now);
+
 /// The whole transcript of a session, one step a line.
-std::string PlaySession(const Json& steps, const std::optional<std::string>& language);
+std::string PlaySession(const Json& steps, const std::optional<std::string>& language,
+                        Told told = Told::State);
 
 }  // namespace dlv::player

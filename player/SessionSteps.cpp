@@ -193,6 +193,11 @@ void CheckStep(const Json& step, const std::string& place, Where where) {
 
 }  // namespace
 
+bool IsHostCall(const std::string& op) {
+    const auto known = KnownSteps().find(op);
+    return known != KnownSteps().end() && known->second.host;
+}
+
 Json ReadSteps(const std::string& document) {
     Json session = Json::parse(document, nullptr, false);
     if (session.is_discarded()) throw SessionError("the session is not a JSON document");

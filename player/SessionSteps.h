@@ -20,4 +20,7 @@ public:
 /// step or field that the player does not know, and for a field of the wrong kind.
 Json ReadSteps(const std::string& document);
 
+/// Whether a step is a call of the host's, and not something that a person does.
+bool IsHostCall(const std::string& op);
+
 }  // namespace dlv::player

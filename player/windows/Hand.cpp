@@ -1,0 +1,72 @@
+#include "player/windows/Hand.h"
+
+#include <vector>
+
+namespace dlv::player {
+
+namespace {
+
+INPUT KeyInput(WORD key, DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = flags;
+    // The keys between the letters and the number pad.
+    if (key >= VK_PRIOR && key <= VK_DOWN) input.ki.dwFlags |= KEYEVENTF_EXTENDEDKEY;
+    return input;
+}
+
+INPUT MouseInput(DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = flags;
+    return input;
+}
+
+void Send(std::vector<INPUT> inputs) {
+    SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+}  // namespace
+
+void Hand::Click(POINT point, int times) {
+    SetCursorPos(point.x, point.y);
+    for (int i = 0; i < times; ++i) {
+        Send({MouseInput(MOUSEEVENTF_LEFTDOWN), MouseInput(MOUSEEVENTF_LEFTUP)});
+        Settle();
+    }
+}
+
+void Hand::Click(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    Click({(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+}
+
+void Hand::Press(WORD key, std::initializer_list<WORD> held, int times) {
+    for (int i = 0; i < times; ++i) {
+        std::vector<INPUT> inputs;
+        for (const WORD other : held) inputs.push_back(KeyInput(other, 0));
+        inputs.push_back(KeyInput(key, 0));
+        inputs.push_back(KeyInput(key, KEYEVENTF_KEYUP));
+        for (const WORD other : held) inputs.push_back(KeyInput(other, KEYEVENTF_KEYUP));
+        Send(std::move(inputs));
+        Settle();
+    }
+}
+
+void Hand::PressForNext(WORD key) { Send({KeyInput(key, 0), KeyInput(key, KEYEVENTF_KEYUP)}); }
+
+void Hand::Settle() {
+    MSG message;
+    do {
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            if (translate_(message)) continue;
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    } while (HIWORD(GetQueueStatus(QS_INPUT | QS_POSTMESSAGE | QS_PAINT)) != 0);
+}
+
+}  // namespace dlv::player

@@ -1,0 +1,32 @@
+// The hand of a person: keys and clicks as they come from keyboard and mouse, through the system's own queue
+// of input. After each the program answers its messages until none is left.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <initializer_list>
+
+namespace dlv::player {
+
+class Hand {
+public:
+    /// `translate` gets every message before it is dispatched, and says whether it was used up.
+    explicit Hand(std::function<bool(MSG&)> translate) : translate_(std::move(translate)) {}
+
+    /// The left button at a point of the screen.
+    void Click(POINT point, int times = 1);
+    /// In the middle of a window.
+    void Click(HWND window);
+    /// A virtual key, `times` times, while others are held down.
+    void Press(WORD key, std::initializer_list<WORD> held = {}, int times = 1);
+    /// Presses a key for whoever answers the messages that are to come.
+    static void PressForNext(WORD key);
+    /// Answers messages until none waits.
+    void Settle();
+
+private:
+    std::function<bool(MSG&)> translate_;
+};
+
+}  // namespace dlv::player

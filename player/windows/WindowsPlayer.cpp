@@ -1,0 +1,232 @@
+#include "player/windows/WindowsPlayer.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "base/Text.h"
+#include "player/VisibleTranscript.h"
+
+namespace dlv::player {
+
+namespace {
+
+/// High enough for every row of a session.
+constexpr RECT kPlace{0, 0, 1200, 2300};
+constexpr UINT kEvery = 5;  // milliseconds
+constexpr wchar_t kDialogClass[] = L"#32770";
+
+HWND MakeWindow() {
+    return CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, kPlace.right,
+                           kPlace.bottom, nullptr, nullptr, nullptr, nullptr);
+}
+
+/// The dialog that waits for a person on this thread; null when none does.
+HWND OpenDialog() {
+    HWND found = nullptr;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM data) -> BOOL {
+            wchar_t name[16] = {};
+            GetClassNameW(window, name, 16);
+            if (!IsWindowVisible(window) || !IsWindowEnabled(window) || wcscmp(name, kDialogClass) != 0)
+                return TRUE;
+            *reinterpret_cast<HWND*>(data) = window;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+/// How many columns from the tree column on are to be seen before `column`.
+int CellOf(const OutlineGrid& grid, int column) {
+    int cell = 0;
+    for (int before = grid.TreeColumn(); before < column; ++before)
+        if (grid.ColumnWidth(before) > 0) ++cell;
+    return cell;
+}
+
+}  // namespace
+
+WindowsPlayer* WindowsPlayer::current_ = nullptr;
+
+WindowsPlayer::WindowsPlayer()
+    : library_(container::BesideProgram(L"DashlonViewer.manifest")),
+      window_(MakeWindow()),
+      hand_([this](MSG& message) { return container_ && container_->TranslateKey(message); }),
+      places_(std::nullopt, Told::Visible) {
+    current_ = this;
+    timer_ = SetTimer(nullptr, 0, kEvery, LookForDialog);
+}
+
+WindowsPlayer::~WindowsPlayer() {
+    KillTimer(nullptr, timer_);
+    if (sink_) sink_->Disconnect();
+    container_.reset();
+    DestroyWindow(window_);
+    current_ = nullptr;
+}
+
+Json WindowsPlayer::Play(const Json& step) {
+    inline_ = step.value("inline", Json::array());
+    const std::string op = step["op"];
+    if (op == "create") {
+        Create();
+    } else if (const auto reason = places_.WhyStepIsLeftOut(step)) {
+        return {{"leftOut", *reason}};
+    } else {
+        Make(step);
+    }
+    places_.Play(step);
+    hand_.Settle();
+    Json now = stopped_ ? Json{{"stopped", true}} : Shown().State();
+    return {{"log", std::exchange(log_, Json::array())},
+            {"changed", TakeChanges(state_, std::move(now))},
+            {"visible", true}};
+}
+
+void WindowsPlayer::Create() {
+    if (sink_) sink_->Disconnect();
+    container_ = std::make_unique<container::Container>(window_, window_, kPlace);
+    sink_ = container::Make<container::EventSink>();
+    ListenTo(*sink_.Get(), [this](const std::string& name, Json entry) { Happened(name, std::move(entry)); });
+    const container::ComPtr<IUnknown> control = library_.Create(L"DashlonViewer.DLViewer");
+    if (!control || FAILED(control.As(&viewer_)) ||
+        FAILED(sink_->Connect(control.Get(), __uuidof(__DLViewer))) ||
+        FAILED(container_->Insert(control.Get())) || FAILED(container_->ActivateUI()))
+        throw SessionError("the control cannot be shown");
+    SetForegroundWindow(window_);
+    initialized_ = false;
+    stopped_ = false;
+    state_ = Json::object();
+}
+
+void WindowsPlayer::Make(const Json& step) {
+    const std::string op = step["op"];
+    if (!IsHostCall(op)) {
+        if (!stopped_) MakeUserAction(step);
+        return;
+    }
+    const bool done = MakeHostCall(library_, *viewer_.Get(), step);
+    if (!done) log_.push_back({{"comError", op}});
+    // A stop before the control is ready changes nothing.
+    if (op == "stopControl" && done && initialized_) stopped_ = true;
+    if (op == "initialize" && done) initialized_ = true;
+}
+
+void WindowsPlayer::Happened(const std::string& name, Json entry) {
+    log_.push_back(std::move(entry));
+    const auto ready =
+        std::find_if(inline_.begin(), inline_.end(), [&](const Json& e) { return e[0] == name; });
+    if (ready == inline_.end()) return;
+    const Json step = (*ready)[1];
+    inline_.erase(ready);
+    Make(step);
+}
+
+void CALLBACK WindowsPlayer::LookForDialog(HWND, UINT, UINT_PTR, DWORD) {
+    const HWND dialog = OpenDialog();
+    if (current_ == nullptr || dialog == current_->worked_) return;
+    current_->worked_ = dialog;
+    if (dialog != nullptr) current_->WorkDialog(dialog);
+}
+
+// The error dialog: labels and texts in turn. What it is about is read, the host's call is made, and Enter,
+// which the dialog's own loop gets, closes it.
+void WindowsPlayer::WorkDialog(HWND dialog) {
+    const std::vector<std::string> labels = Screen::Labels(dialog);
+    constexpr std::size_t kNumber = 2;
+    constexpr std::size_t kDescription = 4;
+    constexpr std::size_t kLocation = 6;
+    if (labels.size() > kLocation)
+        Happened("#error", {{"error", std::stoi(labels[kNumber])},
+                            {"location", labels[kLocation]},
+                            {"description", labels[kDescription]}});
+    else
+        log_.push_back({{"box", labels.empty() ? "" : labels.back()}});
+    worked_ = dialog;
+    if (IsWindow(dialog)) Hand::PressForNext(VK_RETURN);
+}
+
+void WindowsPlayer::MakeUserAction(const Json& step) {
+    const std::string op = step["op"];
+    const int index = step.value("index", 0);
+    if (op == "select") return SelectUnits(step["ids"]);
+    if (op == "optBU") return hand_.Click(Shown().Option(index));
+    if (op == "tab") return ChooseTab(index);
+    if (op == "view") return hand_.Click(Shown().ViewButton());
+    if (op == "techCount") return hand_.Click(Shown().TechnicianCount());
+    const int before = Shown().Tab();
+    if (op == "optDisplay") {
+        ChooseTab(1);
+        hand_.Click(Shown().Option(2 + index));
+        return ChooseTab(before);
+    }
+    UseGrid(step);
+    ChooseTab(before);
+}
+
+void WindowsPlayer::ChooseTab(int tab) {
+    const Screen screen = Shown();
+    if (screen.Tab() != tab) hand_.Click(screen.TabPoint(tab));
+}
+
+// Home selects the first unit alone; from there the focus goes down without selecting.
+void WindowsPlayer::SelectUnits(const Json& ids) {
+    const ListView& units = places_.Viewer().Controls().lvBU;
+    if (units.Items().empty()) return;
+    const HWND list = Shown().UnitList();
+    RECT place{};
+    GetWindowRect(list, &place);
+    hand_.Click({place.left + 20, place.top + 8});
+    hand_.Press(VK_HOME);
+    for (std::size_t i = 0; i < units.Items().size(); ++i) {
+        if (i > 0) hand_.Press(VK_DOWN, {VK_CONTROL});
+        const std::string id(SkipCharacters(units.Items()[i].key, 1));
+        const bool wanted = std::find(ids.begin(), ids.end(), Json(id)) != ids.end();
+        if (wanted != (i == 0)) hand_.Press(VK_SPACE, {VK_CONTROL});
+    }
+}
+
+// By keys alone: a click could open a node. Leftwards through the figures, since Right in the tree opens
+// nodes.
+void WindowsPlayer::ChooseCell(int row, int cell, int cells) {
+    hand_.Click(Shown().HeadingPoint());
+    hand_.Press(VK_HOME, {VK_CONTROL});
+    hand_.Press(VK_DOWN, {}, row);
+    hand_.Press(VK_HOME);
+    if (cell == 0) return;
+    hand_.Press(VK_END);
+    hand_.Press(VK_LEFT, {}, cells - 1 - cell);
+}
+
+void WindowsPlayer::UseGrid(const Json& step) {
+    const int index = step["grid"];
+    ViewerForm& form = places_.Viewer().Controls();
+    const OutlineGrid& grid = form.vsFlex[index];
+    ChooseTab(index == 0 ? 0 : 1);
+    const int display = form.optDisplay.Selected();
+    if (index > 0 && index - 1 != display) hand_.Click(Shown().Option(1 + index));
+    const std::string op = step["op"];
+    const int row = grid.DisplayedIndex(RowOfStep(step, grid)) - grid.FixedRows();
+    const int cell = step.contains("col") ? CellOf(grid, step["col"]) : 0;
+    ChooseCell(row, cell, CellOf(grid, grid.Columns()));
+    if (op == "collapse") hand_.Press(VK_SUBTRACT);
+    if (op == "expand") hand_.Press(VK_ADD);
+    if (op == "enter" && step.value("shift", false)) hand_.Press(VK_RETURN, {VK_SHIFT});
+    if (op == "enter" && !step.value("shift", false)) hand_.Press(VK_RETURN);
+    if (op == "dblclick") hand_.Click(Shown().CellPoint(row, cell), 2);
+    if (index > 0 && index - 1 != display) hand_.Click(Shown().Option(2 + display));
+}
+
+std::string PlayOnScreen(const Json& steps) {
+    WindowsPlayer player;
+    std::string text = "[";
+    for (const Json& step : steps) {
+        if (text.size() > 1) text += ",\n ";
+        text += player.Play(step).dump(-1, ' ', false, Json::error_handler_t::replace);
+    }
+    return text + "]\n";
+}
+
+}  // namespace dlv::player

@@ -6,7 +6,7 @@ packages_of() {
     case $1 in
         native) echo "cmake ninja-build g++ python3 googletest libpugixml-dev nlohmann-json3-dev" ;;
         windows) echo "cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix" \
-                      "mingw-w64-tools googletest libwine libwine-dev python3" ;;
+                      "mingw-w64-tools googletest libwine libwine-dev nlohmann-json3-dev python3" ;;
         wine) echo "wine wine64 xvfb fonts-liberation fonts-open-sans" ;;
         checks) echo "python3 clang-format clang-tidy" ;;
         format) echo "clang-format" ;;

@@ -31,6 +31,8 @@ void Send(std::vector<INPUT> inputs) {
 }  // namespace
 
 void Hand::Click(POINT point, int times) {
+    if (point.x == last_.x && point.y == last_.y) point.x += 2 * GetSystemMetrics(SM_CXDOUBLECLK);
+    last_ = point;
     SetCursorPos(point.x, point.y);
     for (int i = 0; i < times; ++i) {
         Send({MouseInput(MOUSEEVENTF_LEFTDOWN), MouseInput(MOUSEEVENTF_LEFTUP)});

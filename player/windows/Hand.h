@@ -14,7 +14,8 @@ public:
     /// `translate` gets every message before it is dispatched, and says whether it was used up.
     explicit Hand(std::function<bool(MSG&)> translate) : translate_(std::move(translate)) {}
 
-    /// The left button at a point of the screen.
+    /// The left button at a point of the screen; a little beside it when it was just there, so that two
+    /// clicks of their own are no double-click.
     void Click(POINT point, int times = 1);
     /// In the middle of a window.
     void Click(HWND window);
@@ -27,6 +28,7 @@ public:
 
 private:
     std::function<bool(MSG&)> translate_;
+    POINT last_{};
 };
 
 }  // namespace dlv::player

@@ -16,7 +16,7 @@ std::filesystem::path Folder() { return std::filesystem::path(DLV_TESTS_DIR) / "
 std::vector<std::string> NamesOf(const std::string& kind) {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(Folder())) {
-        const std::string file = entry.path().filename();
+        const std::string file = entry.path().filename().string();
         if (file.ends_with(kind)) names.push_back(file.substr(0, file.size() - kind.size()));
     }
     std::ranges::sort(names);

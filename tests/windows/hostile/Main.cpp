@@ -67,6 +67,8 @@ public:
             if (std::string wrong = NewControlFails(); !wrong.empty()) return Failure{next - 1, wrong};
             if (auto leak = LeakIn(block, next)) return leak;
         }
+        std::printf("%zu texts, %zu numbers, %zu arrays, %zu objects, %zu values of any type\n",
+                    Texts().size(), Numbers().size(), Arrays().size(), Objects().size(), Values().size());
         std::printf("seed %lu: %ld calls in %zu sequences, %d dialogs closed\n", NumberOf(options_, "--seed"),
                     calls_, next - first, DialogKiller::Killed());
         return std::nullopt;

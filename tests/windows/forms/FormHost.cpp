@@ -59,6 +59,16 @@ void ShownForm::Paint() const {
     RedrawWindow(outer.Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
+GridLayout ShownForm::Layout() const {
+    RECT place{};
+    GetWindowRect(Of(form.grid), &place);
+    return GridLayout(form.grid, Scale(), {place.right - place.left, place.bottom - place.top}, kBar);
+}
+
+POINT ShownForm::CellMiddle(int row, int column) const {
+    return Middle(Layout().CellArea(form.grid.DisplayedIndex(row), column));
+}
+
 void ShownForm::Clicked(Control& control) {
     for (int i = 0; i < 2; ++i) {
         if (&control != &form.option[i]) continue;

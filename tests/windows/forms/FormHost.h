@@ -14,6 +14,7 @@
 #include "tests/support/TestHost.h"
 #include "widgets/ListView.h"
 #include "windows/com/WindowHost.h"
+#include "windows/gdi/GridLayout.h"
 #include "windows/hwnd/FormWindows.h"
 #include "windows/hwnd/Mirror.h"
 #include "windows/hwnd/Window.h"
@@ -89,6 +90,9 @@ public:
     void Change(const std::function<void()>& change);
     /// Lets Windows paint all that waits for it.
     void Paint() const;
+    /// Where the grid's rows and columns stand in its window, at 96 dpi.
+    GridLayout Layout() const;
+    POINT CellMiddle(int row, int column) const;
 
     FormHost host;
     SampleForm form;
@@ -107,6 +111,9 @@ private:
     void GridKeyPressed(OutlineGrid& grid, int key, bool shift) override;
     std::string GridExplanation(OutlineGrid&, int, int) override { return explanation; }
 };
+
+/// How thick scroll bars are at 96 dpi.
+inline constexpr int kBar = 17;
 
 /// A key as it arrives at the window with the focus.
 void Press(HWND window, WPARAM key);

@@ -4,12 +4,9 @@
 
 #include "tests/windows/forms/FormHost.h"
 #include "windows/com/Strings.h"
-#include "windows/gdi/GridLayout.h"
 
 namespace dlv::test {
 namespace {
-
-constexpr int kBar = 17;
 
 /// Keys that count as held down while it lives.
 class KeysDown {
@@ -51,14 +48,8 @@ protected:
         shown.Paint();
     }
 
-    GridLayout Layout() const {
-        RECT outer{};
-        GetWindowRect(window, &outer);
-        return GridLayout(grid, Scale(), {outer.right - outer.left, outer.bottom - outer.top}, kBar);
-    }
-    POINT CellMiddle(int row, int column) const {
-        return Middle(Layout().CellArea(grid.DisplayedIndex(row), column));
-    }
+    GridLayout Layout() const { return shown.Layout(); }
+    POINT CellMiddle(int row, int column) const { return shown.CellMiddle(row, column); }
     void Mouse(UINT message, POINT point, WPARAM keys = 0) const {
         SendMessageW(window, message, keys, MAKELPARAM(point.x, point.y));
     }

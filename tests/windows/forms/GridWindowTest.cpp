@@ -1,11 +1,9 @@
 #include "tests/windows/forms/FormHost.h"
-#include "windows/gdi/GridLayout.h"
 #include "windows/gdi/PaintBuffer.h"
 
 namespace dlv::test {
 namespace {
 
-constexpr int kBar = 17;
 constexpr COLORREF kGrey = RGB(0xD0, 0xD0, 0xD0);
 
 class GridWindowTest : public testing::Test {
@@ -14,14 +12,8 @@ protected:
         shown.Change([&] { FillGrid(grid, units); });
         shown.Paint();
     }
-    GridLayout Layout() const {
-        RECT outer{};
-        GetWindowRect(window, &outer);
-        return GridLayout(grid, Scale(), {outer.right - outer.left, outer.bottom - outer.top}, kBar);
-    }
-    POINT CellMiddle(int row, int column) const {
-        return Middle(Layout().CellArea(grid.DisplayedIndex(row), column));
-    }
+    GridLayout Layout() const { return shown.Layout(); }
+    POINT CellMiddle(int row, int column) const { return shown.CellMiddle(row, column); }
     COLORREF PixelAt(POINT point) const {
         const WindowDc dc(window);
         return GetPixel(dc.Get(), point.x, point.y);

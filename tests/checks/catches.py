@@ -6,7 +6,7 @@ import re
 import sources
 
 ALLOWED = re.compile(r"src/base/Trap\.(h|cpp)|src/windows/(\w+/)?Entry\w*\.(h|cpp)"
-                     r"|(player|bench|hosts/\w+)/[Mm]ain\.cpp|tests/.*")
+                     r"|(player(/windows)?|bench|hosts/\w+)/[Mm]ain\.cpp|tests/.*")
 
 
 def check(root, _build):

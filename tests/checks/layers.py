@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """A layer of src/ includes only itself and the layers below it, always as "layer/File.h". The portable layers know
-the standard library and nothing else; headers of Windows stand in src/windows, dlcheck, hosts and tests/windows alone."""
+the standard library and nothing else; headers of Windows stand in src/windows, dlcheck, hosts and the folders
+called windows of the other programs alone."""
 import re
 
 import sources
@@ -8,7 +9,8 @@ import sources
 INCLUDE = re.compile(r'\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')
 GENERATED = {"Version.h"}
 INTRINSICS = {"emmintrin.h"}  # the processor, not a platform
-WINDOWS_FOLDERS = ("src/windows/", "dlcheck/", "hosts/", "tests/windows/", "bench/windows/")
+WINDOWS_FOLDERS = ("src/windows/", "dlcheck/", "hosts/", "tests/windows/", "bench/windows/",
+                   "player/windows/")
 WINDOWS_HEADER = re.compile(r"(windows|win[a-z]+|ole\w*|oc\w+|comm\w+|shl\w+|objbase|objidl|oaidl|unknwn|atl\w+"
                             r"|activscp|dispex|gdiplus\w*|uxtheme|initguid|wrl/.*)(\.h)?", re.IGNORECASE)
 

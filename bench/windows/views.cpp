@@ -72,22 +72,26 @@ void PumpMessages() {
 
 void PaintNow(HWND window) { RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN); }
 
+struct WindowSearch {
+    const wchar_t* className;
+    HWND found;
+};
+
+BOOL CALLBACK LookAt(HWND window, LPARAM data) {
+    auto& search = *reinterpret_cast<WindowSearch*>(data);
+    wchar_t name[64] = {};
+    GetClassNameW(window, name, 64);
+    if (!IsWindowVisible(window) || wcscmp(name, search.className) != 0) return TRUE;
+    search.found = window;
+    return FALSE;
+}
+
 /// The first visible window of the class inside `parent`.
 HWND FindInside(HWND parent, const wchar_t* className) {
-    std::pair<const wchar_t*, HWND> search{className, nullptr};
-    EnumChildWindows(
-        parent,
-        [](HWND child, LPARAM data) -> BOOL {
-            auto& wanted = *reinterpret_cast<std::pair<const wchar_t*, HWND>*>(data);
-            wchar_t name[64] = {};
-            GetClassNameW(child, name, 64);
-            if (!IsWindowVisible(child) || wcscmp(name, wanted.first) != 0) return TRUE;
-            wanted.second = child;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    if (search.second == nullptr) Need(E_FAIL, "finding a window");
-    return search.second;
+    WindowSearch search{className, nullptr};
+    EnumChildWindows(parent, LookAt, reinterpret_cast<LPARAM>(&search));
+    if (search.found == nullptr) Need(E_FAIL, "finding a window");
+    return search.found;
 }
 
 class HostWindow {

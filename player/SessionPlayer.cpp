@@ -43,12 +43,13 @@ Json SessionPlayer::Play(const Json& step) {
     if (step["op"] == "create") {
         viewer_ = std::make_unique<DLViewer>(host_, host_);
         state_ = Json::object();
+        menu_ = nullptr;
     } else if (const auto reason = WhyStepIsLeftOut(step)) {
         return {{"leftOut", *reason}};
     } else {
         Make(step);
     }
-    Json now = told_ == Told::Visible ? VisibleState(*viewer_) : StateTranscript(*viewer_);
+    Json now = told_ == Told::Visible ? VisibleState(*viewer_, menu_) : StateTranscript(*viewer_);
     Json entry = {{"log", host_.TakeLog()}, {"changed", TakeChanges(state_, std::move(now))}};
     if (told_ == Told::Visible) entry["visible"] = true;
     return entry;
@@ -144,6 +145,11 @@ void SessionPlayer::MakeUserAction(const Json& step) {
     ViewerForm& form = viewer_->Controls();
     const int index = step.value("index", -1);
     const bool either = index == 0 || index == 1;
+    // Who wants a line of the menu opens it first.
+    if (op == "profilesMenu" || (told_ == Told::Visible && IsMenuStep(op))) {
+        viewer_->tbMain_ButtonClick("Profiles");
+        menu_ = MenuTranscript(form);
+    }
     if (op == "select") {
         SelectUnits(step["ids"]);
     } else if (op == "optBU" && either) {
@@ -168,8 +174,6 @@ void SessionPlayer::MakeUserAction(const Json& step) {
         if (GoTo(step)) viewer_->vsFlex_KeyDown(step["grid"], kEnterKey, step.value("shift", false));
     } else if (op == "techCount") {
         viewer_->lblTechCount_Click();
-    } else if (op == "profilesMenu") {
-        viewer_->tbMain_ButtonClick("Profiles");
     } else if (op == "menuProfile") {
         viewer_->mnuProfile_Click(index);
     } else if (op == "menuSave") {

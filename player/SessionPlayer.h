@@ -43,6 +43,7 @@ private:
     ScriptedHost host_;
     std::unique_ptr<DLViewer> viewer_;
     Json state_;
+    Json menu_;
 };
 
 /// The parts of `now` that differ from `before`, which becomes `now`.

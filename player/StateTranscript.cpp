@@ -39,13 +39,6 @@ Json UnitsTranscript(const ListView& list) {
     return units;
 }
 
-Json MenuTranscript(const ViewerForm& form) {
-    Json items = Json::array();
-    for (const MenuItem& item : form.mnuProfile)
-        if (item.visible) items.push_back({item.caption, item.checked});
-    return items.empty() ? Json() : items;
-}
-
 Json Number(double value) {
     constexpr double kWholeLimit = 9007199254740992.0;
     if (value == std::floor(value) && std::fabs(value) < kWholeLimit) return static_cast<std::int64_t>(value);
@@ -61,6 +54,13 @@ Json RefreshTranscript(const cDLVController::Refresh& refresh, const ViewerForm&
 }
 
 }  // namespace
+
+Json MenuTranscript(const ViewerForm& form) {
+    Json items = Json::array();
+    for (const MenuItem& item : form.mnuProfile)
+        if (item.visible) items.push_back({item.caption, item.checked});
+    return items.empty() ? Json() : items;
+}
 
 Json StateTranscript(DLViewer& viewer) {
     if (viewer.Stopped()) return {{"viewEnabled", false}, {"stopped", true}};

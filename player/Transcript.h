@@ -9,6 +9,9 @@ namespace dlv::player {
 /// Every part of the state, by name.
 Json StateTranscript(DLViewer& viewer);
 
+/// The profile menu's items to be seen, [[caption, checked]]; null without any.
+Json MenuTranscript(const ViewerForm& form);
+
 /// The data rows of a grid; `index` 0 is the summary.
 Json GridTranscript(const OutlineGrid& grid, int index);
 

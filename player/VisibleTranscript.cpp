@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "control/ControlState.h"
 #include "widgets/GridText.h"
 
 namespace dlv::player {
@@ -46,7 +47,18 @@ Json RowsOf(const OutlineGrid& grid) {
     return rows;
 }
 
-bool IsMenuStep(const std::string& op) { return op.starts_with("menu") || op == "profilesMenu"; }
+std::optional<std::string> WhyNoLine(const Json& step, DLViewer& viewer) {
+    const ViewerForm& form = viewer.Controls();
+    const auto bar = std::ranges::find(form.tbMain.Items(), "Profiles", &Toolbar::Item::key);
+    if (!bar->visible) return "the button that opens the menu is not shown";
+    if (step["op"] != "menuProfile") return std::nullopt;
+    // The menu lists the known names; without any, its first line stays as it was.
+    const std::size_t known = viewer.Inner().profiles.names.Count();
+    const std::size_t lines = known > 0 ? known : form.mnuProfile.front().visible ? 1 : 0;
+    const int index = step.value("index", -1);
+    if (index < 0 || static_cast<std::size_t>(index) >= lines) return "the menu has no such profile";
+    return std::nullopt;
+}
 
 bool IsDisplayed(const OutlineGrid& grid, int row) {
     if (row < grid.FixedRows() || row >= grid.Rows()) return false;
@@ -67,7 +79,9 @@ std::optional<std::string> WhyNoCell(const Json& step, const OutlineGrid& grid) 
 
 }  // namespace
 
-Json VisibleState(DLViewer& viewer) {
+bool IsMenuStep(const std::string& op) { return op.starts_with("menu") || op == "profilesMenu"; }
+
+Json VisibleState(DLViewer& viewer, const Json& menu) {
     if (viewer.Stopped()) return {{"stopped", true}};
     const ViewerForm& form = viewer.Controls();
     const bool hierarchy = form.Tabs.SelectedTab() == 2;
@@ -80,7 +94,8 @@ Json VisibleState(DLViewer& viewer) {
             {"grid", RowsOf(form.vsFlex[form.CurrentGrid()])},
             {"viewEnabled", form.cmdView.Enabled()},
             {"profile", form.lblCurrentProfile.Visible() ? Json(form.lblCurrentProfile.Caption()) : Json()},
-            {"refreshShown", form.lblLastTime.Visible()}};
+            {"refreshShown", form.lblLastTime.Visible()},
+            {"menu", menu}};
 }
 
 int RowOfStep(const Json& step, const OutlineGrid& grid) {
@@ -91,7 +106,7 @@ int RowOfStep(const Json& step, const OutlineGrid& grid) {
 
 std::optional<std::string> WhyLeftOut(const Json& step, DLViewer& viewer) {
     const std::string op = step["op"];
-    if (IsMenuStep(op)) return "menus and their dialogs are not worked on a screen yet";
+    if (IsMenuStep(op)) return WhyNoLine(step, viewer);
     const bool node = op == "collapse" || op == "expand";
     if (!node && op != "dblclick" && op != "enter") {
         const int index = step.value("index", 0);

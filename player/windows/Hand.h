@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <initializer_list>
+#include <string>
 
 namespace dlv::player {
 
@@ -21,12 +22,20 @@ public:
     void Click(HWND window);
     /// A virtual key, `times` times, while others are held down.
     void Press(WORD key, std::initializer_list<WORD> held = {}, int times = 1);
-    /// Presses a key for whoever answers the messages that are to come.
-    static void PressForNext(WORD key);
+    static POINT MiddleOf(HWND window);
+
+    // For whoever answers the messages that are to come.
+
+    static void PressForNext(WORD key, std::initializer_list<WORD> held = {});
+    static void TypeForNext(const std::string& text);
+    void ClickForNext(POINT point);
+
     /// Answers messages until none waits.
     void Settle();
 
 private:
+    void Aim(POINT point);
+
     std::function<bool(MSG&)> translate_;
     POINT last_{};
 };

@@ -214,6 +214,22 @@ HWND Screen::Option(int index) const {
 
 HWND Screen::Grid() const { return reader::WindowOf(control_, kGridClass); }
 
+POINT Screen::MenuButtonPoint() const {
+    const HWND bar = reader::WindowOf(control_, TOOLBARCLASSNAMEW);
+    const auto count = static_cast<WPARAM>(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0));
+    for (WPARAM i = 0; i < count; ++i) {
+        TBBUTTON button{};
+        RECT place{};
+        SendMessageW(bar, TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button));
+        if ((button.fsStyle & BTNS_WHOLEDROPDOWN) == 0 || (button.fsState & TBSTATE_HIDDEN) != 0 ||
+            !SendMessageW(bar, TB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&place)))
+            continue;
+        MapWindowPoints(bar, nullptr, reinterpret_cast<POINT*>(&place), 2);
+        return MiddleOf(place);
+    }
+    return kNowhere;
+}
+
 HWND Screen::TechnicianCount() const {
     const ToldWindow* window = FindNamed(windows_, kFigures[0]);
     return window == nullptr ? nullptr : window->handle;

@@ -28,6 +28,8 @@ public:
     /// `index` 0 and 1 choose the units, 2 and 3 what the hierarchy displays.
     HWND Option(int index) const;
     HWND Grid() const;
+    /// On the button of the bar that opens the profile menu.
+    POINT MenuButtonPoint() const;
     HWND TechnicianCount() const;
     POINT TabPoint(int tab) const;
     int Tab() const;

@@ -14,28 +14,10 @@ namespace {
 /// High enough for every row of a session.
 constexpr RECT kPlace{0, 0, 1200, 2300};
 constexpr UINT kEvery = 5;  // milliseconds
-constexpr wchar_t kDialogClass[] = L"#32770";
 
 HWND MakeWindow() {
     return CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, kPlace.right,
                            kPlace.bottom, nullptr, nullptr, nullptr, nullptr);
-}
-
-/// The dialog that waits for a person on this thread; null when none does.
-HWND OpenDialog() {
-    HWND found = nullptr;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM data) -> BOOL {
-            wchar_t name[16] = {};
-            GetClassNameW(window, name, 16);
-            if (!IsWindowVisible(window) || !IsWindowEnabled(window) || wcscmp(name, kDialogClass) != 0)
-                return TRUE;
-            *reinterpret_cast<HWND*>(data) = window;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&found));
-    return found;
 }
 
 /// How many columns from the tree column on are to be seen before `column`.
@@ -54,9 +36,10 @@ WindowsPlayer::WindowsPlayer()
     : library_(container::BesideProgram(L"DashlonViewer.manifest")),
       window_(MakeWindow()),
       hand_([this](MSG& message) { return container_ && container_->TranslateKey(message); }),
+      dialogs_(hand_, [this](const std::string& name, Json entry) { Happened(name, std::move(entry)); }),
       places_(std::nullopt, Told::Visible) {
     current_ = this;
-    timer_ = SetTimer(nullptr, 0, kEvery, LookForDialog);
+    timer_ = SetTimer(nullptr, 0, kEvery, Tick);
 }
 
 WindowsPlayer::~WindowsPlayer() {
@@ -69,6 +52,7 @@ WindowsPlayer::~WindowsPlayer() {
 
 Json WindowsPlayer::Play(const Json& step) {
     inline_ = step.value("inline", Json::array());
+    dialogs_.Begin(step);
     const std::string op = step["op"];
     if (op == "create") {
         Create();
@@ -79,7 +63,11 @@ Json WindowsPlayer::Play(const Json& step) {
     }
     places_.Play(step);
     hand_.Settle();
-    Json now = stopped_ ? Json{{"stopped", true}} : Shown().State();
+    Json now = {{"stopped", true}};
+    if (!stopped_) {
+        now = Shown().State();
+        now["menu"] = menu_.Profiles();
+    }
     return {{"log", std::exchange(log_, Json::array())},
             {"changed", TakeChanges(state_, std::move(now))},
             {"visible", true}};
@@ -96,6 +84,7 @@ void WindowsPlayer::Create() {
         FAILED(container_->Insert(control.Get())) || FAILED(container_->ActivateUI()))
         throw SessionError("the control cannot be shown");
     SetForegroundWindow(window_);
+    menu_.Forget();
     initialized_ = false;
     stopped_ = false;
     state_ = Json::object();
@@ -124,28 +113,11 @@ void WindowsPlayer::Happened(const std::string& name, Json entry) {
     Make(step);
 }
 
-void CALLBACK WindowsPlayer::LookForDialog(HWND, UINT, UINT_PTR, DWORD) {
-    const HWND dialog = OpenDialog();
-    if (current_ == nullptr || dialog == current_->worked_) return;
-    current_->worked_ = dialog;
-    if (dialog != nullptr) current_->WorkDialog(dialog);
-}
-
-// The error dialog: labels and texts in turn. What it is about is read, the host's call is made, and Enter,
-// which the dialog's own loop gets, closes it.
-void WindowsPlayer::WorkDialog(HWND dialog) {
-    const std::vector<std::string> labels = Screen::Labels(dialog);
-    constexpr std::size_t kNumber = 2;
-    constexpr std::size_t kDescription = 4;
-    constexpr std::size_t kLocation = 6;
-    if (labels.size() > kLocation)
-        Happened("#error", {{"error", std::stoi(labels[kNumber])},
-                            {"location", labels[kLocation]},
-                            {"description", labels[kDescription]}});
-    else
-        log_.push_back({{"box", labels.empty() ? "" : labels.back()}});
-    worked_ = dialog;
-    if (IsWindow(dialog)) Hand::PressForNext(VK_RETURN);
+// While a menu or a dialog is open, it answers the messages, and this is where work goes on.
+void CALLBACK WindowsPlayer::Tick(HWND, UINT, UINT_PTR, DWORD) {
+    if (current_ == nullptr) return;
+    current_->menu_.Tick();
+    current_->dialogs_.Tick();
 }
 
 void WindowsPlayer::MakeUserAction(const Json& step) {
@@ -155,6 +127,10 @@ void WindowsPlayer::MakeUserAction(const Json& step) {
     if (op == "optBU") return hand_.Click(Shown().Option(index));
     if (op == "tab") return ChooseTab(index);
     if (op == "view") return hand_.Click(Shown().ViewButton());
+    if (IsMenuStep(op)) {
+        menu_.Begin(step, places_.Viewer().Controls());
+        return hand_.Click(Shown().MenuButtonPoint());
+    }
     if (op == "techCount") return hand_.Click(Shown().TechnicianCount());
     const int before = Shown().Tab();
     if (op == "optDisplay") {

@@ -8,8 +8,10 @@
 
 #include "hosts/container/Container.h"
 #include "player/SessionPlayer.h"
+#include "player/windows/DialogUse.h"
 #include "player/windows/Hand.h"
 #include "player/windows/HostCalls.h"
+#include "player/windows/MenuUse.h"
 #include "player/windows/Screen.h"
 
 namespace dlv::player {
@@ -27,8 +29,7 @@ private:
     void Create();
     void Make(const Json& step);
     void Happened(const std::string& name, Json entry);
-    static void CALLBACK LookForDialog(HWND, UINT, UINT_PTR, DWORD);
-    void WorkDialog(HWND dialog);
+    static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD);
 
     void MakeUserAction(const Json& step);
     void SelectUnits(const Json& ids);
@@ -46,9 +47,10 @@ private:
     container::ComPtr<container::EventSink> sink_;
     container::ComPtr<_DLViewer> viewer_;
     Hand hand_;
+    MenuUse menu_;
+    DialogUse dialogs_;
     SessionPlayer places_;
     UINT_PTR timer_ = 0;
-    HWND worked_ = nullptr;
     bool initialized_ = false;
     bool stopped_ = false;
     Json inline_ = Json::array();

@@ -194,14 +194,18 @@ Json TakeChanges(Json& before, Json now) {
     return changed;
 }
 
-std::string PlaySession(const Json& steps, const std::optional<std::string>& language, Told told) {
-    SessionPlayer player(language, told);
+std::string WholeTranscript(const Json& steps, const std::function<Json(const Json& step)>& play) {
     std::string text = "[";
     for (const Json& step : steps) {
         if (text.size() > 1) text += ",\n ";
-        text += player.Play(step).dump(-1, ' ', false, Json::error_handler_t::replace);
+        text += play(step).dump(-1, ' ', false, Json::error_handler_t::replace);
     }
     return text + "]\n";
+}
+
+std::string PlaySession(const Json& steps, const std::optional<std::string>& language, Told told) {
+    SessionPlayer player(language, told);
+    return WholeTranscript(steps, [&](const Json& step) { return player.Play(step); });
 }
 
 }  // namespace dlv::player

@@ -2,6 +2,7 @@
 // in each step and what of the state it changed.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -49,7 +50,10 @@ private:
 /// The parts of `now` that differ from `before`, which becomes `now`.
 Json TakeChanges(Json& before, Json now);
 
-/// The whole transcript of a session, one step a line.
+/// What `play` makes of each step, one a line.
+std::string WholeTranscript(const Json& steps, const std::function<Json(const Json& step)>& play);
+
+/// The whole transcript of a session.
 std::string PlaySession(const Json& steps, const std::optional<std::string>& language,
                         Told told = Told::State);
 

@@ -197,12 +197,7 @@ void WindowsPlayer::UseGrid(const Json& step) {
 
 std::string PlayOnScreen(const Json& steps) {
     WindowsPlayer player;
-    std::string text = "[";
-    for (const Json& step : steps) {
-        if (text.size() > 1) text += ",\n ";
-        text += player.Play(step).dump(-1, ' ', false, Json::error_handler_t::replace);
-    }
-    return text + "]\n";
+    return WholeTranscript(steps, [&](const Json& step) { return player.Play(step); });
 }
 
 }  // namespace dlv::player

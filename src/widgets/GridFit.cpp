@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Text.h"
+#include "widgets/GridReading.h"
 #include "widgets/GridText.h"
 
 namespace dlv {
@@ -66,11 +67,9 @@ double FittingWidth(const OutlineGrid& grid, int column, int top, const TextMeas
 }
 
 void FitColumns(OutlineGrid& grid, int top, const TextMeasure& measure, const FitRoom& room) {
-    for (int column = grid.TreeColumn(); column < grid.Columns(); ++column) {
-        if (grid.ColumnWidth(column) <= 0) continue;
+    for (const int column : ReadColumns(grid))
         if (const double width = FittingWidth(grid, column, top, measure, room); width > 0)
             grid.SetColumnWidth(column, width);
-    }
 }
 
 }  // namespace dlv

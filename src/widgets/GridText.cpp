@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "widgets/GridReading.h"
+
 namespace dlv {
 
 namespace {
@@ -57,9 +59,9 @@ std::string ColumnHeading(const OutlineGrid& grid, int column) {
 std::string CopyText(const OutlineGrid& grid, Headings headings) {
     const auto block = grid.Selection();
     if (!block) return {};
-    std::vector<int> columns;
-    for (int column = block->firstColumn; column <= block->lastColumn; ++column)
-        if (column >= grid.TreeColumn() && grid.ColumnWidth(column) > 0) columns.push_back(column);
+    std::vector<int> columns = ReadColumns(grid);
+    std::erase_if(columns,
+                  [&](int column) { return column < block->firstColumn || column > block->lastColumn; });
     if (columns.empty()) return {};
     std::string text;
     if (headings == Headings::With)

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "windows/com/Strings.h"
+#include "windows/gdi/Handles.h"
 
 namespace dlv {
 
@@ -21,6 +22,14 @@ TTTOOLINFOW ToolOf(HWND grid, wchar_t* text) {
     tool.uId = kOnlyTool;
     tool.lpszText = text;
     return tool;
+}
+
+int LineHeight(HFONT font) {
+    const MemoryDc dc;
+    const SelectScope select(dc.Get(), font);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(dc.Get(), &metrics);
+    return metrics.tmHeight;
 }
 
 /// The place as near as it can be without leaving the screen.
@@ -57,16 +66,24 @@ void CellTip::Show(HWND grid, const std::string& text, const RECT& area, Where w
     SendMessageW(Handle(), TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
     RECT place = area;
     MapWindowPoints(grid, HWND_DESKTOP, reinterpret_cast<POINT*>(&place), 2);
-    const auto bubble = SendMessageW(Handle(), TTM_GETBUBBLESIZE, 0, reinterpret_cast<LPARAM>(&tool));
-    const SIZE size{LOWORD(bubble), HIWORD(bubble)};
     POINT corner{place.left, place.bottom + 2};
     if (where == Where::Over) {
+        // Where the text stands in the cell, it is to stand in the tip.
+        const int height = LineHeight(font);
+        place.top = (place.top + place.bottom - height) / 2;
+        place.bottom = place.top + height;
         SendMessageW(Handle(), TTM_ADJUSTRECT, TRUE, reinterpret_cast<LPARAM>(&place));
-        corner = {place.left, (place.top + place.bottom - size.cy) / 2};
+        corner = {place.left, place.top};
     }
-    corner = OnScreen(corner, size);
     SendMessageW(Handle(), TTM_TRACKPOSITION, 0, MAKELPARAM(corner.x, corner.y));
     SendMessageW(Handle(), TTM_TRACKACTIVATE, TRUE, reinterpret_cast<LPARAM>(&tool));
+    // Its size is known only now.
+    RECT shown{};
+    GetWindowRect(Handle(), &shown);
+    const POINT inside =
+        OnScreen({shown.left, shown.top}, {shown.right - shown.left, shown.bottom - shown.top});
+    if (inside.x != shown.left || inside.y != shown.top)
+        SendMessageW(Handle(), TTM_TRACKPOSITION, 0, MAKELPARAM(inside.x, inside.y));
     shown_ = true;
 }
 

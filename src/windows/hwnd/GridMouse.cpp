@@ -71,7 +71,7 @@ void GridMouse::OnPressed(UINT message, POINT point, WPARAM keys) {
         // A click on an edge or on a node's box is for that alone.
         if (OnEdge(layout, message, point)) return;
         if (hit && hit->onNodeBox) return ToggleNode(grid_, hit->row);
-        OnLeftPressed(layout, message, point, keys);
+        if (hit && hit->row >= grid_.FixedRows()) ChooseCell(*hit, message, keys);
     } else if (hit && hit->row >= grid_.FixedRows()) {
         const auto selection = grid_.Selection();
         if (!selection || !selection->Holds(hit->row, hit->column))
@@ -86,13 +86,11 @@ void GridMouse::OnPressed(UINT message, POINT point, WPARAM keys) {
         listener.GridDoubleClicked(grid_, -1, -1);
 }
 
-void GridMouse::OnLeftPressed(const GridLayout& layout, UINT message, POINT point, WPARAM keys) {
-    const std::optional<GridLayout::Hit> hit = layout.HitTest(point);
-    if (!hit || hit->row < grid_.FixedRows()) return;
+void GridMouse::ChooseCell(const GridLayout::Hit& hit, UINT message, WPARAM keys) {
     if ((keys & MK_SHIFT) != 0 && grid_.CurrentRow() >= grid_.FixedRows())
-        grid_.ExtendSelection(hit->row, hit->column);
+        grid_.ExtendSelection(hit.row, hit.column);
     else
-        grid_.SetCurrentCell(hit->row, hit->column);
+        grid_.SetCurrentCell(hit.row, hit.column);
     if (!IsDoubleClick(message)) Begin(Drag::Cells);
 }
 

@@ -33,7 +33,7 @@ private:
     enum class Drag { None, Cells, Edge };
 
     void OnPressed(UINT message, POINT point, WPARAM keys);
-    void OnLeftPressed(const GridLayout& layout, UINT message, POINT point, WPARAM keys);
+    void ChooseCell(const GridLayout::Hit& hit, UINT message, WPARAM keys);
     bool OnEdge(const GridLayout& layout, UINT message, POINT point);
     void OnMoved(POINT point);
     void OnDragged(POINT point);

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "base/RunTimeError.h"
+#include "ui/BuiltInCaptions.h"
+#include "widgets/GridKeys.h"
 
 namespace dlv {
 
@@ -48,6 +50,29 @@ TEST(CaptionCatalogue, AsksTheHostThenItsLanguageThenEnglishThenTheKey) {
             << row.name << ": the language stays what it was at first";
         EXPECT_EQ(captions.Caption("no such key"), "no such key") << row.name;
         EXPECT_EQ(captions.Caption(""), "") << row.name;
+    }
+}
+
+/// Which of "%1" to "%4" stand in a text.
+std::string Places(std::string_view text) {
+    std::string places;
+    for (const char number : std::string_view("1234"))
+        if (text.find(std::string("%") + number) != std::string_view::npos) places += number;
+    return places;
+}
+
+TEST(BuiltInWords, OfGridsAreThereInEveryLanguageWithTheSamePlaces) {
+    std::vector<std::string> keys{"why-More",      "why-NoData", "why-NoHours", "why-NoUnits", "why-None",
+                                  "why-NotChosen", "why-Rate",   "why-Sum",     "why-SumOne"};
+    for (const GridMenuItem& item : GridMenu())
+        if (!item.caption.empty()) keys.emplace_back(item.caption);
+    for (const std::string& key : keys) {
+        ASSERT_TRUE(BuiltInCaption("EN", key)) << key;
+        for (const char* language : {"PO", "SP"}) {
+            const auto text = BuiltInCaption(language, key);
+            ASSERT_TRUE(text) << language << " " << key;
+            EXPECT_EQ(Places(*text), Places(*BuiltInCaption("EN", key))) << language << " " << key;
+        }
     }
 }
 

@@ -56,20 +56,32 @@ protected:
     void Type(std::wstring_view text) const {
         for (const wchar_t unit : text) SendMessageW(window, WM_CHAR, unit, 1);
     }
-    /// The text of the tip that is shown; empty while there is none.
+    /// The tip that is shown; null while there is none.
+    HWND Tip() const {
+        HWND tip = nullptr;
+        do tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr);
+        while (tip != nullptr &&
+               (!IsWindowVisible(tip) || GetWindow(tip, GW_OWNER) != GetAncestor(window, GA_ROOT)));
+        return tip;
+    }
     std::string TipText() const {
-        for (HWND tip = nullptr; (tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
-            if (!IsWindowVisible(tip) || GetWindow(tip, GW_OWNER) != GetAncestor(window, GA_ROOT)) continue;
-            wchar_t text[600] = {};
-            TTTOOLINFOW tool{};
-            tool.cbSize = sizeof tool;
-            tool.hwnd = window;
-            tool.uId = 1;
-            tool.lpszText = text;
-            SendMessageW(tip, TTM_GETTEXTW, 600, reinterpret_cast<LPARAM>(&tool));
-            return Narrow(std::wstring_view(text));
-        }
-        return {};
+        if (Tip() == nullptr) return {};
+        wchar_t text[600] = {};
+        TTTOOLINFOW tool{};
+        tool.cbSize = sizeof tool;
+        tool.hwnd = window;
+        tool.uId = 1;
+        tool.lpszText = text;
+        SendMessageW(Tip(), TTM_GETTEXTW, 600, reinterpret_cast<LPARAM>(&tool));
+        return Narrow(std::wstring_view(text));
+    }
+    /// How far the tip stands below the cell's place: 0 when their middles are level.
+    LONG TipBelow(int row, int column) const {
+        RECT tip{};
+        GetWindowRect(Tip(), &tip);
+        POINT cell = CellMiddle(row, column);
+        ClientToScreen(window, &cell);
+        return (tip.top + tip.bottom) / 2 - cell.y;
     }
     void Rest(POINT point) const {
         Mouse(WM_MOUSEMOVE, point);
@@ -200,11 +212,13 @@ TEST_F(GridUseTest, ATipShowsOnlyWhatIsClippedOrExplained) {
     shown.Change([&] { grid.SetText(4, 0, longName); });
     Rest(CellMiddle(4, 0));
     EXPECT_EQ(TipText(), longName);
+    EXPECT_LE(std::abs(TipBelow(4, 0)), 2) << "over the cell";
     Mouse(WM_MOUSEMOVE, CellMiddle(5, 0));
     EXPECT_EQ(TipText(), "") << "on another cell it goes";
     shown.explanation = "because";
     Rest(CellMiddle(5, 2));
     EXPECT_EQ(TipText(), "because");
+    EXPECT_GT(TipBelow(5, 2), Layout().RowHeight() / 2) << "below the figure";
     shown.Change([&] { grid.SetText(6, 3, "new"); });
     EXPECT_EQ(TipText(), "") << "a refresh takes it away";
     Rest(CellMiddle(4, 0));

@@ -28,6 +28,8 @@ constexpr UINT kPictureRefreshMilliseconds = 500;
 constexpr UINT kAnswerRequests = WM_APP + 1;
 constexpr UINT kFirstFigures = WM_APP + 2;
 constexpr UINT_PTR kTimer = 1;
+constexpr UINT_PTR kAnswerTimer = 2;
+constexpr UINT kSlowAnswerMilliseconds = 3000;
 
 enum Command { kPause = 100, kRefresh, kServer, kNewDay, kLanguage, kRequests, kFirstLanguage };
 
@@ -42,6 +44,7 @@ DemoWindow::DemoWindow(const Options& options, std::unique_ptr<ControlHolder> ho
                        std::shared_ptr<container::Recorder> recorder)
     : options_(options),
       holder_(std::move(holder)),
+      profiles_(PathOf(options.profilesFolder)),
       session_(profiles_, *this, std::move(recorder)),
       seed_(options.seed),
       language_(options.language) {
@@ -84,6 +87,7 @@ bool DemoWindow::Create() {
     SetWindowPos(window_, nullptr, 0, 0, Scaled(options_.width), Scaled(options_.height),
                  SWP_NOZORDER | (options_.mode == Options::Mode::Pictures ? 0 : SWP_NOMOVE));
     ShowWindow(window_, SW_SHOW);
+    TellOfProfiles();
     return true;
 }
 
@@ -143,8 +147,18 @@ LRESULT DemoWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_COMMAND:
             if (lParam == 0) OnCommand(LOWORD(wParam));
             return 0;
-        case WM_TIMER: OnTimer(); return 0;
-        case kAnswerRequests: session_.AnswerRequests(); return 0;
+        case WM_TIMER:
+            if (wParam == kAnswerTimer) {
+                KillTimer(window_, kAnswerTimer);
+                PostMessageW(window_, kAnswerRequests, 0, 0);
+            } else {
+                OnTimer();
+            }
+            return 0;
+        case kAnswerRequests:
+            session_.AnswerRequests();
+            TellOfProfiles();
+            return 0;
         case kFirstFigures:
             if (server_ == Server::Stopped) session_.Send(ServerStoppedMessage());
             SendFigures();
@@ -197,7 +211,24 @@ void DemoWindow::OnTimer() {
     SendFigures();
 }
 
-void DemoWindow::AnswersWait() { PostMessageW(window_, kAnswerRequests, 0, 0); }
+void DemoWindow::AnswersWait() {
+    switch (options_.answers) {
+        case Options::Answers::Inside: session_.AnswerRequests(); [[fallthrough]];
+        case Options::Answers::Later: PostMessageW(window_, kAnswerRequests, 0, 0); break;
+        case Options::Answers::Slow: SetTimer(window_, kAnswerTimer, kSlowAnswerMilliseconds, nullptr); break;
+        case Options::Answers::Never: break;
+    }
+}
+
+void DemoWindow::TellOfProfiles() {
+    const std::string notice = profiles_.TakeNotice();
+    if (notice.empty()) return;
+    std::fprintf(stderr, "demo: %s\n", notice.c_str());
+    // Where nobody watches, nothing may wait for an answer.
+    if (options_.mode == Options::Mode::Interactive)
+        MessageBoxW(window_, Wide(notice).c_str(), kTitle, MB_OK | MB_ICONWARNING);
+}
+
 void DemoWindow::ClientReady() { PostMessageW(window_, kFirstFigures, 0, 0); }
 
 void DemoWindow::DetailsAsked(const DLVParams& params) {

@@ -28,7 +28,8 @@ public:
     DemoWindow(const DemoWindow&) = delete;
     DemoWindow& operator=(const DemoWindow&) = delete;
 
-    /// Makes the window and shows it. False when Windows makes none.
+    /// Makes the window and shows it; says what there is to say about the profiles. False when Windows makes
+    /// no window.
     bool Create();
     HWND Handle() const { return window_; }
 
@@ -48,6 +49,7 @@ private:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void OnCommand(int command);
     void OnTimer();
+    void TellOfProfiles();
     bool IsUsedUp(MSG& message);
 
     void AnswersWait() override;

@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include <shellapi.h>
+#include <shlobj.h>
 
 #include <cstdio>
 #include <exception>
@@ -55,7 +56,19 @@ bool RunWindow(const Options& options) {
     return true;
 }
 
-bool Run(const Options& options) {
+/// What is kept for a person is kept among what is theirs; pictures always begin alike.
+std::string UsersFolder() {
+    wchar_t* folder = nullptr;
+    const HRESULT found = SHGetKnownFolderPath(FOLDERID_LocalAppData, KF_FLAG_CREATE, nullptr, &folder);
+    const std::string path =
+        SUCCEEDED(found) ? dlv::Narrow(std::wstring_view(folder)) + "\\DashlonViewer\\Demo" : std::string();
+    CoTaskMemFree(folder);
+    return path;
+}
+
+bool Run(Options options) {
+    if (options.mode == Options::Mode::Interactive && options.profilesFolder.empty())
+        options.profilesFolder = UsersFolder();
     const dlv::container::Library library(dlv::container::BesideProgram(L"DashlonViewer.manifest"));
     const dlv::container::Library::Scope classesAreKnown(library);
     return options.mode == Options::Mode::Smoke ? RunSmoke(options) : RunWindow(options);

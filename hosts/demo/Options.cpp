@@ -1,6 +1,9 @@
 #include "hosts/demo/Options.h"
 
+#include <algorithm>
 #include <charconv>
+#include <iterator>
+#include <utility>
 
 namespace dlv::demo {
 
@@ -10,7 +13,10 @@ const char* const kUsage =
     "demo --smoke                   shows the control in the system's own container and ends\n"
     "  --language EN|PO|SP          language of the control (EN)\n"
     "  --width N, --height N        size of the window (1000, 700)\n"
-    "  --profile NAME               profile to start with (Default, or All Units)\n"
+    "  --profile NAME               profile to start with (Default)\n"
+    "  --profiles FOLDER            where the profiles are kept\n"
+    "  --answers inside|later|slow|never\n"
+    "                               when requests for profiles are answered (later)\n"
     "  --seconds N                  how often figures come (5)\n"
     "  --seed N                     which day it is (1)\n"
     "  --record-calls FILE          writes down every call between this host and the control\n";
@@ -33,6 +39,24 @@ bool Read(const std::string& text, Language& language) {
     return false;
 }
 
+bool Read(const std::string& text, Options::Answers& answers) {
+    using Answers = Options::Answers;
+    constexpr std::pair<const char*, Answers> kKnown[] = {{"inside", Answers::Inside},
+                                                          {"later", Answers::Later},
+                                                          {"slow", Answers::Slow},
+                                                          {"never", Answers::Never}};
+    const auto found = std::ranges::find(kKnown, text, [](const auto& known) { return known.first; });
+    if (found == std::end(kKnown)) return false;
+    answers = found->second;
+    return true;
+}
+
+/// A text that may not be empty.
+bool Read(const std::string& text, std::string& value) {
+    value = text;
+    return !text.empty();
+}
+
 bool Take(Options& options, const std::string& name, const std::string& value) {
     if (name == "--width") return Read(value, 200, 10000, options.width);
     if (name == "--height") return Read(value, 200, 10000, options.height);
@@ -43,14 +67,12 @@ bool Take(Options& options, const std::string& name, const std::string& value) {
         options.profile = value;
         return true;
     }
-    if (name == "--record-calls") {
-        options.callsFile = value;
-        return !value.empty();
-    }
+    if (name == "--profiles") return Read(value, options.profilesFolder);
+    if (name == "--answers") return Read(value, options.answers);
+    if (name == "--record-calls") return Read(value, options.callsFile);
     if (name == "--pictures") {
         options.mode = Options::Mode::Pictures;
-        options.picturesFolder = value;
-        return !value.empty();
+        return Read(value, options.picturesFolder);
     }
     return false;
 }

@@ -6,7 +6,7 @@
 #include <span>
 #include <string>
 
-#include "hosts/demo/workday/ProfileStore.h"
+#include "hosts/demo/workday/ReadyProfiles.h"
 #include "hosts/demo/workday/SampleCompany.h"
 
 namespace dlv::demo {
@@ -22,6 +22,17 @@ struct Options {
         Help
     };
 
+    /// When the control's requests for profiles are answered.
+    enum class Answers {
+        /// Before the request's event returns.
+        Inside,
+        /// As soon as it has.
+        Later,
+        /// After a while, as over a slow line.
+        Slow,
+        Never
+    };
+
     Mode mode = Mode::Interactive;
     std::string picturesFolder;
     /// Of the whole window, in pixels of a screen with 96 dots per inch.
@@ -34,6 +45,9 @@ struct Options {
     /// Where the calls between host and control are written down; empty for nowhere.
     std::string callsFile;
     int refreshSeconds = 5;
+    /// Where the user's profiles are kept; empty for the place of this mode.
+    std::string profilesFolder;
+    Answers answers = Answers::Later;
 };
 
 /// Nothing when there is something that is not understood.

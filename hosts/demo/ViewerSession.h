@@ -19,7 +19,7 @@ class SessionListener {
 public:
     virtual ~SessionListener() = default;
 
-    /// AnswerRequests is to be called soon, but not from in here.
+    /// AnswerRequests is to be called, now or soon.
     virtual void AnswersWait() = 0;
     /// The control may be sent figures, but not from in here.
     virtual void ClientReady() = 0;
@@ -76,6 +76,9 @@ private:
     const std::shared_ptr<container::Recorder> recorder_;
     ComPtr<_DLViewer> control_;
     ComPtr<container::EventSink> events_;
+    /// Makes messages also while a menu or dialog of the control is open, when the registration-free classes
+    /// may not be in effect.
+    ComPtr<IClassFactory> messages_;
     std::deque<Request> requests_;
     std::string firstProfile_;
     bool ready_ = false;

@@ -1,11 +1,10 @@
 #include "hosts/demo/workday/ProfileStore.h"
 
-#include <algorithm>
+#include <utility>
 
-#include "base/Text.h"
+#include "base/RunTimeError.h"
 #include "base/Trap.h"
-#include "hosts/demo/workday/SampleCompany.h"
-#include "webdata/QZWebProfiles.h"
+#include "hosts/demo/workday/ReadyProfiles.h"
 #include "webdata/QZWebTable.h"
 
 namespace dlv::demo {
@@ -15,6 +14,7 @@ namespace {
 constexpr int kUnknownProfile = 1;
 constexpr int kProfileExists = 2;
 constexpr int kUnreadableDocument = 3;
+constexpr int kNotStored = 4;
 
 std::string ErrorTable(int number, const std::string& description) {
     QZWebTable table("Error");
@@ -36,96 +36,148 @@ std::string NameList(const std::vector<std::string>& names) {
     return Data(ErrorTable(0, "") + list + "</ProfileIDs>");
 }
 
-enum class Chosen { TopLevel, All };
-enum class Summed { Alone, WithUnitsBelow };
+/// What the body fails with; empty when it does not.
+std::string FailureOf(BodyRef body) {
+    std::string failure;
+    Trap([&](const RunTimeError& error, std::string_view) { failure = error.Description(); }).Run("", body);
+    return failure;
+}
 
-// The control adds what a profile lacks and sends it back to be stored.
-std::string NewProfile(std::string_view name, Chosen chosen, Summed summed) {
-    std::vector<std::string_view> ids;
-    for (const Unit& unit : Units())
-        if (chosen == Chosen::All || unit.parent == kRootId) ids.push_back(unit.id);
-    QZWebProfile profile{std::string(name)};
-    const auto row = profile.AddSection("DLVSelect", "BUList,SummaryOption,DisplayByWorkOrders")->AddRow();
-    row->SetField("BUList", Join(ids, '|'));
-    row->SetField("SummaryOption", summed == Summed::Alone ? "True" : "False");
-    row->SetField("DisplayByWorkOrders", "True");
-    return profile.Text();
+/// Some editors put a mark before UTF-8 that is no part of the document.
+std::string_view WithoutMark(std::string_view text) {
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    if (text.starts_with(kMark)) text.remove_prefix(kMark.size());
+    return text;
 }
 
 }  // namespace
 
-ProfileStore::ProfileStore() {
-    Keep(std::string(kDefaultProfile), NewProfile(kDefaultProfile, Chosen::TopLevel, Summed::WithUnitsBelow));
-    Keep(std::string(kAllUnitsProfile), NewProfile(kAllUnitsProfile, Chosen::All, Summed::Alone));
+ProfileStore::ProfileStore(const std::filesystem::path& folder)
+    : file_(folder.empty() ? std::nullopt : std::optional<SharedFile>(folder / kProfilesFile)),
+      profiles_(ReadyProfiles()) {
+    Look();
 }
 
 std::string ProfileStore::Answer(std::string_view function, const std::string& profileName,
                                  const std::string& profilesXml) {
     std::string answer;
-    const Outcome outcome = IgnoreErrors([&] {
-        if (function == "GetProfileList") answer = NameList(Names());
-        if (function == "GetProfiles") answer = Get(profileName);
-        if (function == "PutProfiles") answer = Put(profilesXml);
-        if (function == "SaveProfileAs") answer = SaveAs(profilesXml);
-        if (function == "AddProfiles") answer = Add(profileName);
-        if (function == "RemoveProfiles") answer = Remove(profileName);
+    const Trap trap([&](const RunTimeError& error, std::string_view) {
+        if (error.Number() == kErrorDocument)
+            answer = Failed(kUnreadableDocument, "The profiles cannot be read.");
+        else
+            answer = Failed(kNotStored, error.Description());
     });
-    return outcome == Outcome::Done ? answer : Failed(kUnreadableDocument, "The profiles cannot be read.");
+    trap.Run("ProfileStore.Answer", [&] { answer = AnswerRequest(function, profileName, profilesXml); });
+    return answer;
 }
 
-std::vector<std::string> ProfileStore::Names() const {
-    std::vector<std::string> names;
-    for (const Stored& profile : profiles_) names.push_back(profile.name);
-    return names;
-}
-
-std::optional<std::string> ProfileStore::Find(std::string_view name) const {
-    const auto found = std::ranges::find(profiles_, name, &Stored::name);
-    return found == profiles_.end() ? std::nullopt : std::optional(found->text);
+std::string ProfileStore::AnswerRequest(std::string_view function, const std::string& profileName,
+                                        const std::string& profilesXml) {
+    if (function == "PutProfiles") return Put(profilesXml);
+    if (function == "SaveProfileAs") return SaveAs(profilesXml);
+    if (function == "AddProfiles") return Add(profileName);
+    if (function == "RemoveProfiles") return Remove(profileName);
+    Look();
+    return function == "GetProfiles" ? Get(profileName) : NameList(Names());
 }
 
 std::string ProfileStore::Get(const std::string& name) const {
-    const auto text = Find(name);
-    if (!text) return Failed(kUnknownProfile, "There is no profile " + name + ".");
-    return "<WebProfiles>" + ErrorTable(0, "") + *text + "</WebProfiles>";
+    const std::string* const element = profiles_.Find(name);
+    if (element == nullptr) return Failed(kUnknownProfile, "There is no profile " + name + ".");
+    return "<WebProfiles>" + ErrorTable(0, "") + *element + "</WebProfiles>";
 }
 
 std::string ProfileStore::Put(const std::string& profilesXml) {
-    KeepAll(profilesXml);
+    const ProfileSet given = ProfileSet::Parse(profilesXml);
+    Change([&](ProfileSet& profiles) {
+        profiles.PutAll(given);
+        return true;
+    });
     return Done();
 }
 
-std::string ProfileStore::SaveAs(const std::string& profilesXml) { return NameList(KeepAll(profilesXml)); }
+std::string ProfileStore::SaveAs(const std::string& profilesXml) {
+    Put(profilesXml);
+    return NameList(ProfileSet::Parse(profilesXml).Names());
+}
 
 std::string ProfileStore::Add(const std::string& name) {
-    if (Find(name)) return Failed(kProfileExists, "There is a profile " + name + " already.");
-    Keep(name, NewProfile(name, Chosen::TopLevel, Summed::WithUnitsBelow));
-    return NameList({name});
+    const std::string element = NewProfile(name);
+    const bool added = Change([&](ProfileSet& profiles) {
+        if (profiles.Has(name)) return false;
+        profiles.Put(name, element);
+        return true;
+    });
+    return added ? NameList({name}) : Failed(kProfileExists, "There is a profile " + name + " already.");
 }
 
 std::string ProfileStore::Remove(const std::string& name) {
-    if (std::erase_if(profiles_, [&](const Stored& profile) { return profile.name == name; }) == 0)
-        return Failed(kUnknownProfile, "There is no profile " + name + ".");
-    return NameList({name});
+    const bool removed = Change([&](ProfileSet& profiles) {
+        if (!profiles.Has(name)) return false;
+        profiles.Remove(name);
+        return true;
+    });
+    return removed ? NameList({name}) : Failed(kUnknownProfile, "There is no profile " + name + ".");
 }
 
-void ProfileStore::Keep(const std::string& name, const std::string& text) {
-    const auto found = std::ranges::find(profiles_, name, &Stored::name);
-    if (found == profiles_.end())
-        profiles_.push_back({name, text});
+bool ProfileStore::Change(const std::function<bool(ProfileSet&)>& change) {
+    if (!file_) return change(profiles_);
+    bool done = false;
+    const std::string failure = FailureOf([&] {
+        const SharedFile::Lock lock = file_->Acquire();
+        ReadFile();
+        if (!blocked_.empty()) throw RunTimeError(kErrorFile, blocked_);
+        ProfileSet changed = profiles_;
+        done = change(changed);
+        if (!done) return;
+        file_->Replace(changed.Text());
+        profiles_ = std::move(changed);
+    });
+    if (!failure.empty())
+        throw RunTimeError(kErrorFile, "The profiles could not be stored in " + TextOf(file_->Path()) + ": " +
+                                           failure + ". What was stored before is still there.");
+    return done;
+}
+
+void ProfileStore::Look() {
+    if (!file_) return;
+    // A file that may only be read can be read all the same.
+    std::optional<SharedFile::Lock> lock;
+    IgnoreErrors([&] { lock.emplace(file_->Acquire()); });
+    ReadFile();
+}
+
+void ProfileStore::ReadFile() {
+    blocked_.clear();
+    const std::string damage = FailureOf([&] {
+        if (const auto text = file_->Read()) profiles_ = ProfileSet::Parse(WithoutMark(*text));
+    });
+    if (damage.empty())
+        told_.clear();
     else
-        found->text = text;
+        MakeRoom(damage);
 }
 
-std::vector<std::string> ProfileStore::KeepAll(const std::string& profilesXml) {
-    QZWebProfiles set;
-    set.LoadText(profilesXml);
-    std::vector<std::string> names;
-    for (std::size_t i = 1; i <= set.Count(); ++i) {
-        names.push_back(set.Item(i)->Name());
-        Keep(names.back(), set.Item(i)->Text());
+void ProfileStore::MakeRoom(const std::string& damage) {
+    const std::string path = TextOf(file_->Path());
+    std::filesystem::path aside;
+    const std::string failure = FailureOf([&] { aside = file_->SetAside(); });
+    const std::string what = "Your profiles could not be read from\n" + path + "\n(" + damage + ").\n\n";
+    std::string notice;
+    if (failure.empty()) {
+        notice =
+            what + "Nothing was deleted: what stood there is now\n" + TextOf(aside) +
+            "\nYou can go on working; profiles are stored in a new file. To get the old ones back, close "
+            "this program, mend that file and give it its old name.";
+    } else {
+        blocked_ = "what stands there cannot be read (" + damage + ")";
+        notice = what + "It could not be moved out of the way either (" + failure +
+                 "). You can go on working, but no profile is stored before the file can be read again: "
+                 "close what else uses it, or ask who may change that folder.";
     }
-    return names;
+    if (notice != told_) notice_ = told_ = notice;
 }
+
+std::string ProfileStore::TakeNotice() { return std::exchange(notice_, {}); }
 
 }  // namespace dlv::demo

@@ -7,6 +7,7 @@
 #include "hosts/demo/workday/DayMessages.h"
 #include "hosts/demo/workday/DayRecords.h"
 #include "hosts/demo/workday/ProfileStore.h"
+#include "hosts/demo/workday/ReadyProfiles.h"
 #include "player/SessionPlayer.h"
 
 namespace dlv::demo {

@@ -11,9 +11,10 @@ namespace {
 using Arguments = std::vector<std::string>;
 
 TEST(Options, AreReadFromTheCommandLine) {
-    const auto options = ParseOptions(Arguments{"--width", "1366", "--language", "SP", "--pictures",
-                                                "Z:\\out", "--profile", "All Units", "--seed", "4294967295",
-                                                "--height", "768", "--record-calls", "calls.txt"});
+    const auto options =
+        ParseOptions(Arguments{"--width", "1366", "--language", "SP", "--pictures", "Z:\\out", "--profile",
+                               "All Units", "--seed", "4294967295", "--height", "768", "--record-calls",
+                               "calls.txt", "--profiles", "C:\\é", "--answers", "slow"});
     ASSERT_TRUE(options);
     EXPECT_EQ(options->mode, Options::Mode::Pictures);
     EXPECT_EQ(options->picturesFolder, "Z:\\out");
@@ -23,6 +24,8 @@ TEST(Options, AreReadFromTheCommandLine) {
     EXPECT_EQ(options->profile, "All Units");
     EXPECT_EQ(options->seed, 4294967295u);
     EXPECT_EQ(options->callsFile, "calls.txt");
+    EXPECT_EQ(options->profilesFolder, "C:\\é");
+    EXPECT_EQ(options->answers, Options::Answers::Slow);
 }
 
 class MisunderstoodOptions : public testing::TestWithParam<Arguments> {};
@@ -34,6 +37,7 @@ INSTANTIATE_TEST_SUITE_P(Arguments, MisunderstoodOptions,
                                          Arguments{"--width", "10x"}, Arguments{"--height", "99999"},
                                          Arguments{"--language", "en"}, Arguments{"--seconds", "0"},
                                          Arguments{"--seed", "-1"}, Arguments{"--pictures", ""},
+                                         Arguments{"--profiles", ""}, Arguments{"--answers", "soon"},
                                          Arguments{"picture"}, Arguments{"--smoke", "yes"}));
 
 }  // namespace

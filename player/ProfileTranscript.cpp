@@ -1,3 +1,4 @@
+#include "base/Text.h"
 #include "player/Transcript.h"
 #include "webdata/QZWebProfiles.h"
 
@@ -31,9 +32,7 @@ std::string ProfileElement(const Json& profile) {
     std::string text = "<WebProfile><Name>" + Escaped(profile.value("name", "")) + "</Name>";
     const Json sections = profile.value("sections", Json::object());
     for (const auto& section : sections.items()) {
-        std::string fields;
-        for (const Json& field : section.value().value("fields", Json::array()))
-            fields += (fields.empty() ? "" : ",") + field.get<std::string>();
+        const std::string fields = Join(section.value().value("fields", std::vector<std::string>()), ',');
         text += "<Section" + Attribute("Name", section.key()) + Attribute("Fields", fields) + ">";
         for (const Json& row : section.value().value("rows", Json::array())) {
             text += "<row";
@@ -56,6 +55,7 @@ Json ProfileSetTranscript(const std::string& document) {
         Json sections = Json::object();
         for (std::size_t s = 1; s <= profile->SectionCount(); ++s) {
             const auto section = profile->SectionAt(s);
+            if (sections.contains(section->Name())) continue;
             Json rows = Json::array();
             for (std::size_t r = 1; r <= section->RowCount(); ++r) {
                 Json row = Json::object();

@@ -36,8 +36,10 @@ void Dictionary::Add(std::string_view key, std::string_view item) {
 
 void Dictionary::RemoveEach(const std::vector<std::string>& keys) {
     std::vector<bool> removed(entries_.size());
+    bool any = false;
     for (const std::string& key : keys)
-        if (const std::uint32_t place = Place(key); place != TextTable::kNone) removed[place] = true;
+        if (const std::uint32_t place = Place(key); place != TextTable::kNone) any = removed[place] = true;
+    if (!any) return;
     const std::vector<Entry> entries = std::exchange(entries_, {});
     places_.Clear();
     for (std::size_t i = 0; i < entries.size(); ++i)

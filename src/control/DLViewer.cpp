@@ -11,6 +11,8 @@ namespace {
 constexpr int kEnterKey = 13;
 constexpr int kLeftButton = 1;
 constexpr std::size_t kLastButton = 6;
+/// A host that answers inside each event without end must not use up the stack of its thread.
+constexpr int kDeepestCall = 50;
 
 /// An entry into the control. What a stopped control held is let go when the outermost one ends.
 class Entrance {
@@ -37,6 +39,7 @@ template <class Body>
 void HostCall(DLViewer::State& state, std::string_view method, Body&& body) {
     if (state.outside.Closed()) RaiseCallOrder(method, "the control was stopped");
     if (!state.initialized) RaiseCallOrder(method, "the control is not initialized");
+    if (state.depth >= kDeepestCall) RaiseCallOrder(method, "too many calls stand inside each other");
     Enter(state, body);
 }
 

@@ -26,6 +26,14 @@ bool ToBoolean(const std::string& text) {
 /// The option index of a stored Boolean: an empty value counts as true.
 int OptionIndex(const std::string& text) { return text.empty() || ToBoolean(text) ? 0 : 1; }
 
+/// A section of the profile with at least these fields: another version may have written it with fewer.
+std::shared_ptr<QZWebSection> SectionWithFields(const QZWebProfile& profile, const char* name,
+                                                const char* fields) {
+    auto section = profile.Section(name);
+    for (const std::string& field : Split(fields, ',')) section->AddField(field);
+    return section;
+}
+
 }  // namespace
 
 void ProfileDocument::WriteSelection(QZWebSectionRow& row) const {
@@ -51,8 +59,9 @@ void ProfileDocument::UpdateCurrentProfile(Extent extent) {
     trap_.Run("DLViewer.UpdateCurrentProfile", [&] {
         if (!state_.current) return;
         if (extent == Extent::WithSettings) {
-            WriteSelection(*state_.current->Section(kSelect)->Row(1));
-            const auto nodes = state_.current->Section(kNodes);
+            const auto selection = SectionWithFields(*state_.current, kSelect, kSelectFields);
+            WriteSelection(*selection->Row(1));
+            const auto nodes = SectionWithFields(*state_.current, kNodes, kNodesFields);
             if (nodes->RowCount() != kNodesRows) {
                 while (nodes->RowCount() > 0) nodes->RemoveRow(1);
                 for (std::size_t i = 0; i < kNodesRows; ++i) nodes->AddRow();

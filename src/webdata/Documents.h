@@ -2,6 +2,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <list>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -39,7 +40,7 @@ bool NextChild(XmlReader& reader);
 
 /// Attributes and elements of a document that mean nothing to us but are written back.
 using KeptAttributes = std::vector<std::pair<std::string, std::string>>;
-using KeptElements = std::vector<std::string>;
+using KeptElements = std::list<std::string>;
 
 /// The attributes of the element just started that are not among `known`.
 KeptAttributes KeepAttributes(const XmlReader& reader, std::initializer_list<std::string_view> known);

@@ -1,7 +1,5 @@
 #include "webdata/QZWebProfile.h"
 
-#include <algorithm>
-
 #include "base/RunTimeError.h"
 #include "webdata/Documents.h"
 #include "webdata/XmlWriter.h"
@@ -14,10 +12,23 @@ std::shared_ptr<QZWebTable> ReadOwnTable(XmlReader& reader, std::string_view tex
     return table;
 }
 
-std::shared_ptr<QZWebSection> QZWebProfile::Find(std::string_view name) const {
-    const auto found = std::find_if(sections_.begin(), sections_.end(),
-                                    [name](const Entry& entry) { return entry.section->Name() == name; });
-    return found == sections_.end() ? nullptr : found->section;
+void QZWebProfile::SetName(std::string name) {
+    if (listedIn_) {
+        listedIn_->Remove(name_);
+        listedIn_->Add(name);
+    }
+    name_ = std::move(name);
+}
+
+void QZWebProfile::ListIn(std::shared_ptr<ProfileNames> names) {
+    names->Add(name_);
+    listedIn_ = std::move(names);
+}
+
+std::size_t QZWebProfile::PlaceOf(std::string_view name) const {
+    return sectionPlaces_.Find(name, sections_.size(), [this](std::size_t place) -> std::string_view {
+        return sections_[place].section->Name();
+    });
 }
 
 std::shared_ptr<QZWebSection> QZWebProfile::SectionAt(std::size_t index) const {
@@ -26,9 +37,7 @@ std::shared_ptr<QZWebSection> QZWebProfile::SectionAt(std::size_t index) const {
 }
 
 std::shared_ptr<QZWebSection> QZWebProfile::Section(std::string_view name) const {
-    std::shared_ptr<QZWebSection> section = Find(name);
-    if (!section) RaiseSubscript();
-    return section;
+    return SectionAt(PlaceOf(name) + 1);
 }
 
 std::shared_ptr<QZWebSection> QZWebProfile::AddSection(std::string_view name, std::string_view fields) {
@@ -44,6 +53,8 @@ void QZWebProfile::LoadText(const std::string& text) {
     StartDocument(reader, kProfileElement);
     loaded.Read(reader, text);
     EndDocument(reader);
+    SetName(loaded.name_);
+    loaded.listedIn_ = std::move(listedIn_);
     *this = std::move(loaded);
 }
 

@@ -11,6 +11,8 @@
 #include <vector>
 
 #include "webdata/Documents.h"
+#include "webdata/NamePlaces.h"
+#include "webdata/ProfileNames.h"
 #include "webdata/QZWebSection.h"
 #include "webdata/QZWebTable.h"
 
@@ -21,14 +23,14 @@ public:
     explicit QZWebProfile(std::string name = {}) : name_(std::move(name)) {}
 
     const std::string& Name() const { return name_; }
-    void SetName(std::string name) { name_ = std::move(name); }
+    void SetName(std::string name);
 
     std::size_t SectionCount() const { return sections_.size(); }
     /// From 1 to SectionCount, in order; outside error 9.
     std::shared_ptr<QZWebSection> SectionAt(std::size_t index) const;
     /// The section of an exact name; error 9 when there is none.
     std::shared_ptr<QZWebSection> Section(std::string_view name) const;
-    bool HasSection(std::string_view name) const { return Find(name) != nullptr; }
+    bool HasSection(std::string_view name) const { return PlaceOf(name) < sections_.size(); }
     /// `fields` are names joined by ",". Error 457 when there is a section of that name.
     std::shared_ptr<QZWebSection> AddSection(std::string_view name, std::string_view fields);
 
@@ -42,6 +44,8 @@ public:
 
     /// Reads the <WebProfile> element that the reader, whose text is `text`, has just started.
     void Read(XmlReader& reader, std::string_view text);
+    /// Keeps its name among those of the set that it belongs to.
+    void ListIn(std::shared_ptr<ProfileNames> names);
     /// Writes the profile as one of a set.
     void Write(XmlWriter& writer) const;
 
@@ -52,12 +56,14 @@ private:
         std::shared_ptr<QZWebSection> section;
     };
 
-    std::shared_ptr<QZWebSection> Find(std::string_view name) const;
+    /// The place of the section of a name; their number when there is none.
+    std::size_t PlaceOf(std::string_view name) const;
     void ReadName(XmlReader& reader, std::string_view text);
     void WriteContent(XmlWriter& writer) const;
     void WriteName(XmlWriter& writer) const;
 
     std::string name_;
+    std::shared_ptr<ProfileNames> listedIn_;
     KeptAttributes keptAttributes_;
     KeptAttributes keptNameAttributes_;
     KeptElements keptInName_;
@@ -65,6 +71,7 @@ private:
     /// The name's element stands before the section of this place.
     std::size_t namePlace_ = 0;
     std::vector<Entry> sections_;
+    NamePlaces sectionPlaces_;
     KeptElements keptAtEnd_;
     std::shared_ptr<QZWebTable> errorTable_;
 };

@@ -1,7 +1,5 @@
 #include "webdata/QZWebProfiles.h"
 
-#include <algorithm>
-
 #include "base/RunTimeError.h"
 #include "webdata/Documents.h"
 #include "webdata/XmlWriter.h"
@@ -13,16 +11,12 @@ std::shared_ptr<QZWebProfile> QZWebProfiles::Item(std::size_t index) const {
     return profiles_[index - 1].profile;
 }
 
-std::shared_ptr<QZWebProfile> QZWebProfiles::Add(std::string_view name) {
+std::shared_ptr<QZWebProfile> QZWebProfiles::Add(const std::string& name) {
     if (Exists(name)) RaiseDuplicateKey();
-    auto profile = std::make_shared<QZWebProfile>(std::string(name));
+    auto profile = std::make_shared<QZWebProfile>(name);
+    profile->ListIn(names_);
     profiles_.push_back({std::exchange(keptAtEnd_, {}), profile});
     return profile;
-}
-
-bool QZWebProfiles::Exists(std::string_view name) const {
-    return std::any_of(profiles_.begin(), profiles_.end(),
-                       [name](const Entry& entry) { return entry.profile->Name() == name; });
 }
 
 void QZWebProfiles::LoadText(const std::string& text) {
@@ -56,6 +50,7 @@ QZWebProfile& QZWebProfiles::ReadProfile(XmlReader& reader, std::string_view tex
     Entry& entry =
         profiles_.emplace_back(Entry{std::exchange(keptAtEnd_, {}), std::make_shared<QZWebProfile>()});
     entry.profile->Read(reader, text);
+    entry.profile->ListIn(names_);
     return *entry.profile;
 }
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "webdata/Documents.h"
+#include "webdata/ProfileNames.h"
 #include "webdata/QZWebProfile.h"
 
 namespace dlv {
@@ -20,9 +21,9 @@ public:
     /// From 1 to Count; outside error 9.
     std::shared_ptr<QZWebProfile> Item(std::size_t index) const;
     /// Error 457 when there is a profile of that name.
-    std::shared_ptr<QZWebProfile> Add(std::string_view name);
+    std::shared_ptr<QZWebProfile> Add(const std::string& name);
     /// Letter case counts.
-    bool Exists(std::string_view name) const;
+    bool Exists(const std::string& name) const { return names_->Has(name); }
 
     /// The table "Error" of the document that was loaded, or null.
     std::shared_ptr<QZWebTable> ErrorTable() const { return errorTable_; }
@@ -44,6 +45,7 @@ private:
     QZWebProfile& ReadProfile(XmlReader& reader, std::string_view text);
 
     std::vector<Entry> profiles_;
+    std::shared_ptr<ProfileNames> names_ = std::make_shared<ProfileNames>();
     KeptElements keptAtEnd_;
     std::shared_ptr<QZWebTable> errorTable_;
 };

@@ -1,35 +1,41 @@
 #include "webdata/QZWebSection.h"
 
 #include "base/RunTimeError.h"
-#include "base/Text.h"
 #include "webdata/Documents.h"
 #include "webdata/XmlWriter.h"
 
 namespace dlv {
 
 QZWebSection::QZWebSection(std::string name, std::string fields)
-    : name_(std::move(name)),
-      fields_(std::move(fields)),
-      fieldNames_(std::make_shared<const std::vector<std::string>>(
-          fields_.empty() ? std::vector<std::string>() : Split(fields_, ','))) {}
+    : name_(std::move(name)), fields_(std::make_shared<SectionFields>(std::move(fields))) {}
+
+std::size_t QZWebSection::PlaceOf(std::size_t index) const {
+    if (index < 1 || index > RowCount()) RaiseSubscript();
+    return firstRow_ + index - 1;
+}
 
 std::shared_ptr<QZWebSectionRow> QZWebSection::Row(std::size_t index) const {
-    if (index < 1 || index > rows_.size()) RaiseSubscript();
-    return rows_[index - 1].row;
+    return rows_[PlaceOf(index)].row;
 }
 
 std::shared_ptr<QZWebSectionRow> QZWebSection::AddRow() {
-    auto row = std::make_shared<QZWebSectionRow>(fieldNames_);
+    auto row = std::make_shared<QZWebSectionRow>(fields_);
     rows_.push_back({std::exchange(keptAtEnd_, {}), row});
     return row;
 }
 
 void QZWebSection::RemoveRow(std::size_t index) {
-    if (index < 1 || index > rows_.size()) RaiseSubscript();
-    const auto removed = rows_.begin() + static_cast<std::ptrdiff_t>(index - 1);
-    KeptElements& next = index < rows_.size() ? rows_[index].kept : keptAtEnd_;
-    next.insert(next.begin(), removed->kept.begin(), removed->kept.end());
-    rows_.erase(removed);
+    const std::size_t place = PlaceOf(index);
+    KeptElements& next = index < RowCount() ? rows_[place + 1].kept : keptAtEnd_;
+    next.splice(next.begin(), rows_[place].kept);
+    if (index > 1) {
+        rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(place));
+        return;
+    }
+    rows_[firstRow_++].row.reset();
+    if (2 * firstRow_ < rows_.size()) return;
+    rows_.erase(rows_.begin(), rows_.begin() + static_cast<std::ptrdiff_t>(firstRow_));
+    firstRow_ = 0;
 }
 
 std::shared_ptr<QZWebSection> QZWebSection::Read(XmlReader& reader, std::string_view text) {
@@ -49,11 +55,11 @@ std::shared_ptr<QZWebSection> QZWebSection::Read(XmlReader& reader, std::string_
 void QZWebSection::Write(XmlWriter& writer) const {
     writer.StartElement(kSectionElement);
     writer.Attribute(kNameAttribute, name_);
-    writer.Attribute(kFieldsAttribute, fields_);
+    writer.Attribute(kFieldsAttribute, Fields());
     for (const auto& [name, value] : keptAttributes_) writer.Attribute(name, value);
-    for (const Entry& entry : rows_) {
-        writer.Kept(entry.kept);
-        entry.row->Write(writer);
+    for (std::size_t place = firstRow_; place < rows_.size(); ++place) {
+        writer.Kept(rows_[place].kept);
+        rows_[place].row->Write(writer);
     }
     writer.Kept(keptAtEnd_);
     writer.EndElement();

@@ -20,10 +20,12 @@ public:
 
     const std::string& Name() const { return name_; }
     /// The list of fields as it was given.
-    const std::string& Fields() const { return fields_; }
-    const std::vector<std::string>& FieldNames() const { return *fieldNames_; }
+    const std::string& Fields() const { return fields_->List(); }
+    const std::vector<std::string>& FieldNames() const { return fields_->Names(); }
+    /// Adds a field at the end of the list, for all rows, unless the section has it.
+    void AddField(std::string_view name) { fields_->Add(name); }
 
-    std::size_t RowCount() const { return rows_.size(); }
+    std::size_t RowCount() const { return rows_.size() - firstRow_; }
     /// From 1 to RowCount; outside error 9. A row stays the same whatever is removed before it.
     std::shared_ptr<QZWebSectionRow> Row(std::size_t index) const;
     /// Adds a row in which no value is set.
@@ -41,11 +43,15 @@ private:
         std::shared_ptr<QZWebSectionRow> row;
     };
 
+    /// The place of a row in `rows_`; outside error 9.
+    std::size_t PlaceOf(std::size_t index) const;
+
     std::string name_;
-    std::string fields_;
-    QZWebSectionRow::FieldNames fieldNames_;
+    std::shared_ptr<SectionFields> fields_;
     KeptAttributes keptAttributes_;
     std::vector<Entry> rows_;
+    /// Rows before this place were removed; taking all rows from the front takes linear time.
+    std::size_t firstRow_ = 0;
     KeptElements keptAtEnd_;
 };
 

@@ -1,32 +1,28 @@
 #include "webdata/QZWebSectionRow.h"
 
-#include <algorithm>
-
 #include "base/RunTimeError.h"
 #include "webdata/Documents.h"
 #include "webdata/XmlWriter.h"
 
 namespace dlv {
 
-bool QZWebSectionRow::HasField(std::string_view name) const {
-    return std::find(fields_->begin(), fields_->end(), name) != fields_->end();
+std::size_t QZWebSectionRow::PlaceOf(std::string_view name) const {
+    return places_.Find(name, attributes_.size(),
+                        [this](std::size_t place) -> std::string_view { return attributes_[place].first; });
 }
 
 std::string QZWebSectionRow::Field(std::string_view name) const {
-    const auto found = std::find_if(attributes_.begin(), attributes_.end(),
-                                    [name](const auto& attribute) { return attribute.first == name; });
-    return found != attributes_.end() && HasField(name) ? found->second : std::string();
+    const std::size_t place = PlaceOf(name);
+    return place < attributes_.size() && fields_->Has(name) ? attributes_[place].second : std::string();
 }
 
 void QZWebSectionRow::SetField(std::string_view name, std::string_view value) {
-    if (!HasField(name)) RaiseSubscript();
-    const auto found = std::find_if(attributes_.begin(), attributes_.end(),
-                                    [name](const auto& attribute) { return attribute.first == name; });
-    if (found == attributes_.end()) {
+    if (!fields_->Has(name)) RaiseSubscript();
+    const std::size_t place = PlaceOf(name);
+    if (place == attributes_.size())
         attributes_.emplace_back(name, value);
-    } else {
-        found->second = value;
-    }
+    else
+        attributes_[place].second = value;
 }
 
 void QZWebSectionRow::Read(XmlReader& reader, std::string_view text) {

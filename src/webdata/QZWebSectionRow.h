@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "webdata/Documents.h"
+#include "webdata/SectionFields.h"
 
 namespace dlv {
 
@@ -16,10 +16,8 @@ class XmlWriter;
 
 class QZWebSectionRow {
 public:
-    using FieldNames = std::shared_ptr<const std::vector<std::string>>;
-
     /// `fields` are the section's.
-    explicit QZWebSectionRow(FieldNames fields) : fields_(std::move(fields)) {}
+    explicit QZWebSectionRow(std::shared_ptr<const SectionFields> fields) : fields_(std::move(fields)) {}
 
     /// The value of a field; empty when it is not set or the section has no such field.
     std::string Field(std::string_view name) const;
@@ -31,11 +29,13 @@ public:
     void Write(XmlWriter& writer) const;
 
 private:
-    bool HasField(std::string_view name) const;
+    /// The place of an attribute; their number when it is not set.
+    std::size_t PlaceOf(std::string_view name) const;
 
-    FieldNames fields_;
+    std::shared_ptr<const SectionFields> fields_;
     /// Fields that are set, and unknown attributes.
     KeptAttributes attributes_;
+    NamePlaces places_;
     KeptElements keptElements_;
 };
 

@@ -60,12 +60,14 @@ void XmlWriter::Text(std::string_view text) {
     AppendEscaped(text, Place::Text);
 }
 
-void XmlWriter::Kept(std::span<const std::string> elements) {
-    for (const std::string& element : elements) {
-        StartContent(Content::Elements);
-        if (open_.back().content != Content::Text) NewLine();
-        out_ += element;
-    }
+void XmlWriter::Kept(std::string_view element) {
+    StartContent(Content::Elements);
+    if (open_.back().content != Content::Text) NewLine();
+    out_ += element;
+}
+
+void XmlWriter::Kept(const std::list<std::string>& elements) {
+    for (const std::string& element : elements) Kept(element);
 }
 
 void XmlWriter::EndElement() {

@@ -4,7 +4,7 @@
 #pragma once
 
 #include <cstddef>
-#include <span>
+#include <list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,8 +17,9 @@ public:
     /// Right after a start, before any content.
     void Attribute(std::string_view name, std::string_view value);
     void Text(std::string_view text);
-    /// Whole elements that were cut out of a document that has been read.
-    void Kept(std::span<const std::string> elements);
+    /// A whole element that was cut out of a document that has been read.
+    void Kept(std::string_view element);
+    void Kept(const std::list<std::string>& elements);
     /// Closes the innermost open element. An empty one closes itself unless it is the root.
     void EndElement();
 

@@ -1,5 +1,8 @@
 """Random answers to profile requests: sets, profile-ID lists, errors, and texts that are none of these."""
+import re
+
 from generate_data import TYPE_CODES
+from webdata import result_text
 
 NAMES = ["Default", "Harbour", "harbour", "Night", "Épée", "default", "night shift"]
 TYPED = [*NAMES, " Night ", "New one", "a|b", "x,y", "Q&A", "", "   ", "DEFAULT", "ÉPÉE"]
@@ -26,6 +29,16 @@ ODD_TEXTS = [
 ]
 
 
+SECOND_SELECTION = '<Section Name="DLVSelect" Fields="BUList"><row BUList="U1"/></Section>'
+UNKNOWN_PIECES = [
+    ("<WebProfiles>", ["<x/>", "<!-- c -->", '<WebTable Name="Other"><row ErrorNumber="5"/></WebTable>']),
+    ("<WebProfile>", [" ", "<Panel><WebProfile/></Panel>", '<WebTable Name="Error"><row ErrorNumber="6"/></WebTable>']),
+    ("<Section|<row", [' k="1"', ' Zoom="&lt;"', "\n\t"]),
+    ("/>", ["<two/>", "<row2>text</row2>", "&#x20;"]),
+    ("</Section>", [SECOND_SELECTION, "<Section/>", "<Name>later</Name>"]),
+]
+
+
 class ProfileWorld:
     """Answers about the profiles of one session; `data` is the session's data world."""
 
@@ -46,11 +59,26 @@ class ProfileWorld:
             step["error"] = ["0", ""] if self.chance(0.88) else self.pick(ERRORS)
         if function == "GetProfiles" or self.chance(0.02):
             step["payload"] = self.profile_set(name) if self.chance(0.93) else ""
+            if step["payload"] != "" and self.chance(0.15):
+                step["resultXML"] = self.of_another_version(result_text(step.pop("error", None), step.pop("payload")))
         elif function == "PutProfiles" or self.chance(0.04):
             step["payload"] = ""
         else:
             step["payload"] = self.list_text(name)
         return step
+
+    def of_another_version(self, text):
+        """The document with things in it that this control does not know, and what it knows written in other ways."""
+        for pattern, additions in UNKNOWN_PIECES:
+            chance = self.pick([0, 0.3, 1])
+            text = re.sub(pattern, lambda found: found[0] + self.pick(additions) if self.chance(chance) else found[0], text)
+        if self.chance(0.15):
+            text = re.sub("<Name>([^<&]*)</Name>", r'<Name a="b"><![CDATA[\1]]><i/></Name>', text)
+        if self.chance(0.15):
+            text = re.sub("(<Name>.*?</Name>)(.*?)</WebProfile>", r"\2\1</WebProfile>", text)
+        if self.chance(0.2) and text.count("<WebProfile>") == 1:
+            text = re.sub("</?WebProfiles>|^<WebProfiles>.*?(?=<WebProfile>)", "", text)
+        return text
 
     def odd_text(self):
         if self.chance(0.3):
@@ -89,15 +117,23 @@ class ProfileWorld:
         sections = {}
         if self.chance(0.94):
             count = 1 if self.chance(0.93) else self.pick([0, 2])
-            sections["DLVSelect"] = {
-                "fields": ["BUList", "SummaryOption", "DisplayByWorkOrders"],
-                "rows": [self.select_row() for _ in range(count)],
-            }
+            name = "DLVSelect" if self.chance(0.97) else "dlvselect"
+            fields = self.fields(["BUList", "SummaryOption", "DisplayByWorkOrders"])
+            sections[name] = {"fields": fields, "rows": [self.select_row() for _ in range(count)]}
         if self.chance(0.93):
-            sections["CollapsedNodes"] = {"fields": ["ID", "List"], "rows": self.node_rows()}
+            sections["CollapsedNodes"] = {"fields": self.fields(["ID", "List"]), "rows": self.node_rows()}
         if self.chance(0.05):
             sections["Other"] = {"fields": ["A", "B"], "rows": [{"A": "1"}, {"B": "x\ty\nz"}]}
         return sections
+
+    def fields(self, names):
+        """The fields of a section, now and then as another version has them."""
+        if self.chance(0.9):
+            return names
+        names = self.random.sample(names, self.random.randint(0, len(names)))
+        if self.chance(0.4):
+            names.insert(self.random.randint(0, len(names)), self.pick(["Sort", "bulist", "id", ""]))
+        return names
 
     def select_row(self):
         ids = self.data.some_ids() + (["gone"] if self.chance(0.1) else [])

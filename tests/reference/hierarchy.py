@@ -149,8 +149,8 @@ class Hierarchy:
         if section is None or len(section.rows) != 3:
             return
         for row in section.rows:
-            if row.get("ID", "").strip(" ") == name:
-                self.set_collapsed_nodes(index, row.get("List", ""))
+            if section.value(row, "ID").strip(" ") == name:
+                self.set_collapsed_nodes(index, section.value(row, "List"))
                 return
 
     @trapped("DLViewer.SetCollapsedNodes")

@@ -59,8 +59,11 @@ class Profiles:
         if self.current_profile is None:
             return
         if not structure_only:
-            self.write_settings(self.current_profile.sections["DLVSelect"])
+            section = self.current_profile.sections["DLVSelect"]
+            section.complete(SELECT_FIELDS)
+            self.write_settings(section)
             section = self.current_profile.sections["CollapsedNodes"]
+            section.complete(NODE_FIELDS)
             if len(section.rows) != 3:
                 section.rows = [{}, {}, {}]
             self.write_nodes(section)
@@ -93,13 +96,14 @@ class Profiles:
             self.select_units([])
             return
         row = section.row(1)
-        summary = row.get("SummaryOption", "")
+        summary = section.value(row, "SummaryOption")
         self.opt_bu = 0 if summary == "" or to_boolean(summary) else 1
-        display = row.get("DisplayByWorkOrders", "")
+        display = section.value(row, "DisplayByWorkOrders")
         self.opt_display = 0 if display == "" or to_boolean(display) else 1
         ids = {}
-        if row.get("BUList", "") != "":
-            for piece in row["BUList"].split("|"):
+        units = section.value(row, "BUList")
+        if units != "":
+            for piece in units.split("|"):
                 add_new(ids, piece, piece)
         self.select_units(ids)
         if self.hierarchy_filled:

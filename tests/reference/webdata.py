@@ -139,6 +139,14 @@ class Section:
     def add_row(self):
         self.rows.append({})
 
+    def value(self, row, field):
+        """The text of a field; empty when it is not set or is no field of the section."""
+        return row.get(field, "") if field in self.fields else ""
+
+    def complete(self, fields):
+        """Adds the fields that the section lacks."""
+        self.fields += [field for field in fields if field not in self.fields]
+
 
 class Profile:
     def __init__(self, name):
@@ -146,8 +154,10 @@ class Profile:
         self.sections = {}
 
     def add_section(self, name, fields):
-        self.sections[name] = Section(name, fields)
-        return self.sections[name]
+        """The new section; where there is one of that name already, that one stays the one found by name."""
+        section = Section(name, list(fields))
+        self.sections.setdefault(name, section)
+        return section
 
 
 class ProfileSet:
@@ -174,8 +184,8 @@ class ProfileSet:
                 "name": profile.name,
                 "sections": {
                     section.name: {
-                        "fields": section.fields,
-                        "rows": [{field: row.get(field, "") for field in section.fields} for row in section.rows],
+                        "fields": list(section.fields),
+                        "rows": [{name: section.value(row, name) for name in section.fields} for row in section.rows],
                     }
                     for section in profile.sections.values()
                 },

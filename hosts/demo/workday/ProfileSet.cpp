@@ -30,7 +30,7 @@ std::string ProfileSet::Text() const {
     XmlWriter writer;
     writer.StartElement(kProfilesElement);
     for (const auto& [name, value] : attributes_) writer.Attribute(name, value);
-    for (const Entry& entry : entries_) writer.Kept({&entry.element, 1});
+    for (const Entry& entry : entries_) writer.Kept(entry.element);
     writer.EndElement();
     return writer.Take();
 }

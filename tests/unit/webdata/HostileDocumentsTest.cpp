@@ -187,5 +187,41 @@ TEST(ManyRows, AreAddedInLinearTime) {
     oneWideRow(kMany);
 }
 
+TEST(ManyProfiles, AreBuiltAndTakenApartInLinearTime) {
+    QZWebProfiles set;
+    for (std::size_t i = 0; i < kMany; ++i) {
+        const std::string name = "Profile " + std::to_string(i);
+        EXPECT_FALSE(set.Exists(name));
+        set.Add("new")->SetName(name);
+    }
+    EXPECT_TRUE(set.Exists("Profile 7"));
+    QZWebProfile& profile = *set.Item(1);
+    std::string fields;
+    for (std::size_t i = 0; i < kMany; ++i) {
+        const std::string number = std::to_string(i);
+        EXPECT_FALSE(profile.HasSection(number));
+        profile.AddSection(number, "A")->AddRow()->SetField("A", number);
+        fields += number + ',';
+    }
+    EXPECT_EQ(profile.Section("199999")->Row(1)->Field("A"), "199999");
+    const auto wide = profile.AddSection("wide", fields)->AddRow();
+    for (std::size_t i = 0; i < kMany; ++i) wide->SetField(std::to_string(i), "1");
+    EXPECT_EQ(wide->Field("199999"), "1");
+
+    QZWebProfile loaded;
+    loaded.LoadText("<WebProfile><Section Name='S' Fields='A'>" + Repeated("<row A='1'/><k/>", 2 * kMany) +
+                    "</Section></WebProfile>");
+    QZWebSection& rows = *loaded.Section("S");
+    const auto second = rows.Row(2);
+    rows.RemoveRow(1);
+    EXPECT_EQ(rows.Row(1), second);
+    for (std::size_t i = 1; i < kMany; ++i) rows.RemoveRow(1);
+    while (rows.RowCount() > 1) rows.RemoveRow(rows.RowCount());
+    rows.AddRow()->SetField("A", "2");
+    EXPECT_EQ(rows.Row(1)->Field("A") + rows.Row(2)->Field("A"), "12");
+    const std::string text = loaded.Text();
+    EXPECT_EQ(std::ranges::count(text, 'k'), std::ptrdiff_t{2 * kMany}) << "what stood between them is kept";
+}
+
 }  // namespace
 }  // namespace dlv::test

@@ -169,6 +169,38 @@ TEST(QZWebProfiles, KeepWhatTheyDoNotKnowWhereItStood) {
     EXPECT_EQ(text.find("Extra"), std::string::npos);
 }
 
+TEST(QZWebProfiles, KnowAProfileByTheNameThatItHasNow) {
+    QZWebProfiles set;
+    set.LoadText("<WebProfiles>" + std::string("<WebProfile><Name>twice</Name></WebProfile>") +
+                 "<WebProfile><Name>twice</Name></WebProfile></WebProfiles>");
+    set.Item(1)->SetName("new");
+    EXPECT_TRUE(set.Exists("new"));
+    EXPECT_TRUE(set.Exists("twice")) << "one is left";
+    set.Item(2)->LoadText("<WebProfile><Name>loaded</Name></WebProfile>");
+    EXPECT_FALSE(set.Exists("twice"));
+    EXPECT_TRUE(set.Exists("loaded"));
+    EXPECT_NE(ErrorOf([&] { set.Add("loaded"); }), "");
+    const auto profile = set.Add("twice");
+    QZWebProfiles others;
+    others.LoadText(set.Text());
+    set = std::move(others);
+    profile->SetName("of no set");
+    EXPECT_TRUE(set.Exists("twice"));
+    EXPECT_FALSE(set.Exists("of no set"));
+}
+
+TEST(QZWebSection, TakesFieldsOfWhichItLacks) {
+    QZWebProfile profile("P");
+    const auto section = profile.AddSection("S", "A,");
+    const auto row = section->AddRow();
+    for (const char* field : {"A", "B", "B", ""}) section->AddField(field);
+    row->SetField("B", "2");
+    EXPECT_EQ(section->Fields(), "A,,B");
+    EXPECT_EQ(row->Field("B"), "2");
+    profile.AddSection("none", "")->AddField("C");
+    EXPECT_EQ(profile.Section("none")->Fields(), "C");
+}
+
 TEST(QZWebProfiles, FieldListsComeBackAsTheyWere) {
     for (const char* fields : {"", "A", "A,", ",", "A,,B", " A , B ", "A;B", "\n"}) {
         QZWebProfile profile("N");

@@ -23,7 +23,7 @@ TEST(XmlWriter, WritesOneElementALineAndNeverClosesTheRootByItself) {
     writer.StartElement("c");
     writer.Text("text");
     writer.EndElement();
-    writer.Kept(std::vector<std::string>{"<d><e/></d>", "<f/>"});
+    writer.Kept(std::list<std::string>{"<d><e/></d>", "<f/>"});
     writer.EndElement();
     EXPECT_EQ(writer.Take(), "<a>\n  <b x=\"1\"/>\n  <c>text</c>\n  <d><e/></d>\n  <f/>\n</a>");
 }

@@ -19,6 +19,7 @@ public:
     void Raise(dlv::HostEvent, const dlv::DLVParams&) override {}
     dlv::TimeOfDay Now() override { return 9 * 3600; }
     dlv::LocaleTime TimeSettings() override { return {}; }
+    std::string DateAndTime() override { return {}; }
     std::string InterfaceLanguage() override { return "EN"; }
     double SurfaceWidth() override { return dlv::Pixels(1000); }
     double SurfaceHeight() override { return dlv::Pixels(700); }
@@ -31,6 +32,9 @@ public:
         std::exit(3);
     }
     dlv::Answer ShowMessageBox(const dlv::MessageBox&) override { return dlv::Answer::No; }
+    std::string ChooseSaveFile(const dlv::SaveDialog&) override { return {}; }
+    std::unique_ptr<dlv::OutputFile> MakeFile(const std::string&) override { return nullptr; }
+    std::unique_ptr<dlv::Printer> ChoosePrinter(dlv::Printer::Orientation) override { return nullptr; }
     void ShowProfileMenu() override {}
     void ProcessPendingMessages() override {}
 };

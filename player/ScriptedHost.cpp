@@ -53,6 +53,7 @@ void ScriptedHost::Begin(const Json& step) {
     dialog_ = step.value("dialog", Json::array());
     actions_ = step.value("actions", Json::array());
     confirm_ = Confirms(step);
+    file_ = step.value("file", "");
 }
 
 Json ScriptedHost::TakeLog() { return std::exchange(log_, Json::array()); }

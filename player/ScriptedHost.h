@@ -5,6 +5,7 @@
 #include <functional>
 #include <vector>
 
+#include "player/ScriptedOutput.h"
 #include "player/SessionSteps.h"
 #include "profiles/frmNewProfile.h"
 #include "profiles/frmProfiles.h"
@@ -45,6 +46,8 @@ public:
 
     TimeOfDay Now() override { return now_; }
     LocaleTime TimeSettings() override { return {}; }
+    // Recorded sessions have no date.
+    std::string DateAndTime() override { return {}; }
     std::string InterfaceLanguage() override { return language_; }
     double SurfaceWidth() override { return width_; }
     double SurfaceHeight() override { return height_; }
@@ -52,6 +55,11 @@ public:
     void Flush() override {}
     void ShowModal(ModalForm& form) override;
     Answer ShowMessageBox(const MessageBox& box) override;
+    std::string ChooseSaveFile(const SaveDialog&) override { return file_; }
+    std::unique_ptr<OutputFile> MakeFile(const std::string& name) override { return MakeScriptedFile(name); }
+    std::unique_ptr<Printer> ChoosePrinter(Printer::Orientation) override {
+        return MakeScriptedPrinter(file_);
+    }
     // What the menu holds stands in the state; choosing from it is a step of its own.
     void ShowProfileMenu() override {}
     void ProcessPendingMessages() override {}
@@ -67,6 +75,8 @@ private:
     Json dialog_ = Json::array();
     Json actions_ = Json::array();
     bool confirm_ = false;
+    /// Where the step's grid goes.
+    std::string file_;
     TimeOfDay now_ = 0;
     double width_ = Pixels(1000);
     double height_ = Pixels(700);

@@ -174,6 +174,10 @@ void SessionPlayer::MakeUserAction(const Json& step) {
         if (GoTo(step)) viewer_->vsFlex_KeyDown(step["grid"], kEnterKey, step.value("shift", false));
     } else if (op == "techCount") {
         viewer_->lblTechCount_Click();
+    } else if (op == "saveGrid") {
+        viewer_->tbMain_ButtonClick("SaveGrid");
+    } else if (op == "printGrid") {
+        viewer_->tbMain_ButtonClick("PrintGrid");
     } else if (op == "menuProfile") {
         viewer_->mnuProfile_Click(index);
     } else if (op == "menuSave") {

@@ -146,6 +146,8 @@ const std::map<std::string, Step>& KnownSteps() {
         {"enter",
          {{{"grid", IsWhole, true}, {"row", IsWhole, true}, {"col", IsWhole, true}, {"shift", IsFlag}}}},
         {"techCount", {{}}},
+        {"saveGrid", {{{"file", IsText, true}}}},
+        {"printGrid", {{{"file", IsText, true}}}},
         {"profilesMenu", {{}}},
         {"menuProfile", {{{"index", IsWhole, true}, {"actions", IsActions}}}},
         {"menuSave", {{}}},

@@ -7,6 +7,9 @@ void RaiseOverflow() { throw RunTimeError(kErrorOverflow, "Overflow"); }
 void RaiseSubscript() { throw RunTimeError(kErrorSubscript, "Subscript out of range"); }
 void RaiseTypeMismatch() { throw RunTimeError(kErrorTypeMismatch, "Type mismatch"); }
 
+void RaiseDevice() { throw RunTimeError(kErrorDevice, "Device I/O error"); }
+void RaisePrinter() { throw RunTimeError(kErrorPrinter, "Printer error"); }
+
 void RaiseDuplicateKey() {
     throw RunTimeError(kErrorDuplicateKey,
                        "This key is already associated with an element of this collection");

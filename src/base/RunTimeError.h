@@ -27,7 +27,9 @@ inline constexpr std::int32_t kErrorOverflow = 6;
 inline constexpr std::int32_t kErrorOutOfMemory = 7;
 inline constexpr std::int32_t kErrorSubscript = 9;
 inline constexpr std::int32_t kErrorTypeMismatch = 13;
+inline constexpr std::int32_t kErrorDevice = 57;
 inline constexpr std::int32_t kErrorDuplicateKey = 457;
+inline constexpr std::int32_t kErrorPrinter = 482;
 inline constexpr std::int32_t kErrorTableMissing = 1001;
 inline constexpr std::int32_t kErrorColumnMissing = 1002;
 inline constexpr std::int32_t kErrorDocument = 1003;
@@ -38,6 +40,9 @@ inline constexpr std::int32_t kErrorCallOrder = 1004;
 [[noreturn]] void RaiseSubscript();
 [[noreturn]] void RaiseTypeMismatch();
 [[noreturn]] void RaiseDuplicateKey();
+/// A file that cannot be written.
+[[noreturn]] void RaiseDevice();
+[[noreturn]] void RaisePrinter();
 [[noreturn]] void RaiseTableMissing(std::string_view table);
 [[noreturn]] void RaiseColumnMissing(std::string_view column, std::string_view table);
 /// Line and column count from 1; the column counts characters.

@@ -77,6 +77,28 @@ std::string FromUtf16(std::u16string_view text) {
     return out;
 }
 
+void ReplaceLoneSurrogates(std::string& text) {
+    // Their three bytes begin with 0xED and one of 0xA0 to 0xBF, and nothing else does.
+    for (std::size_t at = text.find('\xED'); at != std::string::npos; at = text.find('\xED', at + 1))
+        if (at + 2 < text.size() && static_cast<unsigned char>(text[at + 1]) >= 0xA0)
+            text.replace(at, 3, "\xEF\xBF\xBD");
+}
+
+std::string WithValues(std::string_view text, std::initializer_list<std::string_view> values) {
+    std::string filled;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const std::size_t number =
+            i + 1 < text.size() ? static_cast<std::size_t>(text[i + 1] - '1') : values.size();
+        if (text[i] != '%' || number >= values.size()) {
+            filled += text[i];
+            continue;
+        }
+        filled += *(values.begin() + number);
+        ++i;
+    }
+    return filled;
+}
+
 std::string_view Trim(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) return {};

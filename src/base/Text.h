@@ -3,6 +3,7 @@
 // order of two texts by code point is the plain order of their bytes.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,9 @@ void AppendCharacter(std::string& text, char32_t character);
 std::u16string ToUtf16(std::string_view text);
 std::string FromUtf16(std::u16string_view text);
 
+/// Puts U+FFFD where a lone surrogate stands, so that the text is what other programs take for UTF-8.
+void ReplaceLoneSurrogates(std::string& text);
+
 /// Without the blanks (U+0020 only) at both ends.
 std::string_view Trim(std::string_view text);
 
@@ -29,6 +33,9 @@ bool EqualFolded(std::string_view left, std::string_view right);
 
 /// The pieces between separators: one more than there are separators.
 std::vector<std::string> Split(std::string_view text, char separator);
+
+/// The text with "%1", "%2" ... replaced by the values, each taken as it is.
+std::string WithValues(std::string_view text, std::initializer_list<std::string_view> values);
 
 /// Appends each part and a separator, then drops the last separator.
 template <class Range>

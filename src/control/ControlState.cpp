@@ -24,6 +24,7 @@ DLViewer::State::State(Platform& usedPlatform, HostEvents& events)
       hierarchy(form, mDLV, captions, collapsed, trap),
       drillDown(form, mDLV),
       reasons(form, mDLV, captions, summary, hierarchy),
+      gridExport(form, captions, usedPlatform, outside, modalOwner),
       envelope(outside,
                [this](const RunTimeError& error, std::string_view location) { Report(error, location); }),
       profileDocument(profiles, form, mDLV, collapsed, hierarchy, outside, trap),

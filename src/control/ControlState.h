@@ -13,6 +13,7 @@
 #include "ui/frmError.h"
 #include "views/DrillDown.h"
 #include "views/FigureReasons.h"
+#include "views/GridExport.h"
 #include "views/HierarchyView.h"
 #include "views/SummaryView.h"
 
@@ -49,6 +50,7 @@ struct DLViewer::State {
     HierarchyView hierarchy;
     DrillDown drillDown;
     FigureReasons reasons;
+    GridExport gridExport;
     ResultEnvelope envelope;
     ProfileDocument profileDocument;
     ProfileExchange profileExchange;

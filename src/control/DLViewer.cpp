@@ -119,10 +119,15 @@ void DLViewer::optDisplay_Click(int index) {
 }
 
 void DLViewer::tbMain_ButtonClick(const std::string& key) {
-    if (key != "Profiles") return;
     UserAction(*state_, [&] {
-        state_->profileMenu.ConfigureProfileMenu();
-        state_->platform.ShowProfileMenu();
+        if (key == "SaveGrid") {
+            state_->gridExport.SaveGrid(state_->form.CurrentGrid());
+        } else if (key == "PrintGrid") {
+            state_->gridExport.PrintGrid(state_->form.CurrentGrid());
+        } else if (key == "Profiles") {
+            state_->profileMenu.ConfigureProfileMenu();
+            state_->platform.ShowProfileMenu();
+        }
     });
 }
 

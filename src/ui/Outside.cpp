@@ -49,6 +49,29 @@ Answer Outside::ShowMessageBox(const MessageBox& box) {
     return answer;
 }
 
+std::string Outside::ChooseSaveFile(const SaveDialog& dialog) {
+    const StopCheck check(closed_);
+    platform_.Flush();
+    std::string name = platform_.ChooseSaveFile(dialog);
+    check.Look();
+    return name;
+}
+
+std::unique_ptr<Printer> Outside::ChoosePrinter(Printer::Orientation proposed) {
+    const StopCheck check(closed_);
+    platform_.Flush();
+    std::unique_ptr<Printer> printer = platform_.ChoosePrinter(proposed);
+    check.Look();
+    return printer;
+}
+
+void Outside::Begin(Printer& printer, const std::string& documentName) {
+    const StopCheck check(closed_);
+    platform_.Flush();
+    printer.Begin(documentName);
+    check.Look();
+}
+
 void Outside::ProcessPendingMessages() {
     const StopCheck check(closed_);
     platform_.Flush();

@@ -3,6 +3,7 @@
 // nothing that was under way goes on.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "webdata/HostEvents.h"
@@ -20,6 +21,10 @@ public:
     void Raise(HostEvent event, const DLVParams& params);
     void ShowModal(ModalForm& form);
     Answer ShowMessageBox(const MessageBox& box);
+    std::string ChooseSaveFile(const SaveDialog& dialog);
+    std::unique_ptr<Printer> ChoosePrinter(Printer::Orientation proposed);
+    /// The printer may ask the person for something more.
+    void Begin(Printer& printer, const std::string& documentName);
     void ProcessPendingMessages();
 
     /// From now on no way leads out.

@@ -1,9 +1,9 @@
 #include "views/FigureReasons.h"
 
 #include <algorithm>
-#include <initializer_list>
 
 #include "base/Number.h"
+#include "base/Text.h"
 #include "views/HierarchyView.h"
 #include "views/SummaryView.h"
 
@@ -19,22 +19,6 @@ constexpr int kCompletedColumn = 8;
 constexpr int kRateColumn = 11;
 /// Rows looked at for the names of units: units without data may stand between those that have some.
 constexpr int kRowsForNames = 64;
-
-/// The text with "%1", "%2" ... replaced by the values, each taken as it is.
-std::string Filled(const std::string& text, std::initializer_list<std::string> values) {
-    std::string filled;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const std::size_t number =
-            i + 1 < text.size() ? static_cast<std::size_t>(text[i + 1] - '1') : values.size();
-        if (text[i] != '%' || number >= values.size()) {
-            filled += text[i];
-            continue;
-        }
-        filled += *(values.begin() + number);
-        ++i;
-    }
-    return filled;
-}
 
 }  // namespace
 
@@ -67,9 +51,9 @@ std::string FigureReasons::ForHierarchy(int index, int row, int column) const {
 
 std::string FigureReasons::Rate(const OutlineGrid& grid, int row) const {
     if (grid.Whole(row, kHoursColumn) == 0) return captions_.Caption("why-NoHours");
-    return Filled(captions_.Caption("why-Rate"),
-                  {captions_.Caption("Completed"), grid.CellText(row, kCompletedColumn),
-                   captions_.Caption("HoursCompleted"), grid.CellText(row, kHoursColumn)});
+    return WithValues(captions_.Caption("why-Rate"),
+                      {captions_.Caption("Completed"), grid.CellText(row, kCompletedColumn),
+                       captions_.Caption("HoursCompleted"), grid.CellText(row, kHoursColumn)});
 }
 
 std::string FigureReasons::Sum(std::size_t count, const std::vector<std::string>& firstIds) const {
@@ -79,12 +63,12 @@ std::string FigureReasons::Sum(std::size_t count, const std::vector<std::string>
         if (!names.empty()) names += ", ";
         names += description.empty() ? id : std::string(description);
     }
-    if (count == 1) return Filled(captions_.Caption("why-SumOne"), {names});
+    if (count == 1) return WithValues(captions_.Caption("why-SumOne"), {names});
     if (count > firstIds.size()) {
         const std::string more = WholeText(static_cast<std::int64_t>(count - firstIds.size()));
-        names += ' ' + Filled(captions_.Caption("why-More"), {more});
+        names += ' ' + WithValues(captions_.Caption("why-More"), {more});
     }
-    return Filled(captions_.Caption("why-Sum"), {WholeText(static_cast<std::int64_t>(count)), names});
+    return WithValues(captions_.Caption("why-Sum"), {WholeText(static_cast<std::int64_t>(count)), names});
 }
 
 // Below a unit's row stand the units below it, whichever grid of the two.

@@ -9,24 +9,11 @@ namespace dlv {
 
 namespace {
 
-void AppendQuoted(std::string& text, const std::string& cell) {
-    if (cell.find_first_of("\t\r\n\"") == std::string::npos) {
-        text += cell;
-        return;
-    }
-    text += '"';
-    for (const char c : cell) {
-        if (c == '"') text += '"';
-        text += c;
-    }
-    text += '"';
-}
-
 /// One row of the text: `textOf` gives what stands in each of the columns.
 template <class TextOf>
 void AppendRow(std::string& text, const std::vector<int>& columns, TextOf&& textOf) {
     for (const int column : columns) {
-        AppendQuoted(text, textOf(column));
+        AppendField(text, textOf(column), '\t');
         text += '\t';
     }
     text.pop_back();
@@ -34,6 +21,29 @@ void AppendRow(std::string& text, const std::vector<int>& columns, TextOf&& text
 }
 
 }  // namespace
+
+void AppendField(std::string& text, std::string_view field, char separator) {
+    const char special[] = {separator, '\r', '\n', '"', '\0'};
+    if (field.find_first_of(special) == std::string_view::npos) {
+        text += field;
+        return;
+    }
+    text += '"';
+    for (const char c : field) {
+        if (c == '"') text += '"';
+        text += c;
+    }
+    text += '"';
+}
+
+int LastOfCaption(const OutlineGrid& grid, int row, int column) {
+    const std::string text = grid.CellText(row, column);
+    int last = column;
+    while (row == 0 && last + 1 < grid.Columns() && grid.CellText(row, last + 1) == text &&
+           grid.HeaderColour(row, last + 1) == grid.HeaderColour(row, column))
+        ++last;
+    return last;
+}
 
 std::string ShownText(const OutlineGrid& grid, int row, int column) {
     std::string text = grid.CellText(row, column);

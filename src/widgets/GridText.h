@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "widgets/OutlineGrid.h"
 
@@ -15,6 +16,14 @@ std::string ShownText(const OutlineGrid& grid, int row, int column);
 /// The captions above a column in one text, like "Work Orders: Open"; a caption that stands twice is said
 /// once.
 std::string ColumnHeading(const OutlineGrid& grid, int column);
+
+/// The last column that shares the caption of this one: captions of the first header row that are equal and
+/// of one colour are shown as one, over all of their columns.
+int LastOfCaption(const OutlineGrid& grid, int row, int column);
+
+/// Appends one field of separated text: in quotation marks when it holds the separator, a quotation mark or a
+/// line end.
+void AppendField(std::string& text, std::string_view field, char separator);
 
 enum class Headings { Without, With };
 /// The selected cells that are displayed, as tab-separated text with a CR LF behind each row: what

@@ -2,6 +2,9 @@
 
 #include "windows/com/Strings.h"
 #include "windows/dialogs/Dialogs.h"
+#include "windows/output/FileChoice.h"
+#include "windows/output/PrinterChoice.h"
+#include "windows/output/SafeFile.h"
 
 namespace dlv {
 
@@ -59,6 +62,16 @@ LocaleTime ControlPlatform::TimeSettings() {
     return settings;
 }
 
+std::string ControlPlatform::DateAndTime() {
+    constexpr int kLongest = 128;
+    wchar_t date[kLongest] = {};
+    wchar_t time[kLongest] = {};
+    const LCID locale = ambience_.Locale();
+    GetDateFormatW(locale, DATE_SHORTDATE, nullptr, nullptr, date, kLongest);
+    GetTimeFormatW(locale, TIME_NOSECONDS, nullptr, nullptr, time, kLongest);
+    return Narrow(std::wstring_view(date)) + ' ' + Narrow(std::wstring_view(time));
+}
+
 std::string ControlPlatform::InterfaceLanguage() {
     switch (PRIMARYLANGID(GetUserDefaultUILanguage())) {
         case LANG_PORTUGUESE: return "PO";
@@ -98,6 +111,18 @@ void ControlPlatform::Flush() {
 void ControlPlatform::ShowModal(ModalForm& form) { dlv::ShowModal(host_, form, ambience_.Look().Font()); }
 
 Answer ControlPlatform::ShowMessageBox(const MessageBox& box) { return dlv::ShowMessageBox(host_, box); }
+
+std::string ControlPlatform::ChooseSaveFile(const SaveDialog& dialog) {
+    return dlv::ChooseSaveFile(host_, dialog);
+}
+
+std::unique_ptr<OutputFile> ControlPlatform::MakeFile(const std::string& name) {
+    return std::make_unique<SafeFile>(Wide(name));
+}
+
+std::unique_ptr<Printer> ControlPlatform::ChoosePrinter(Printer::Orientation proposed) {
+    return dlv::ChoosePrinter(host_, proposed, ambience_.Look().Font());
+}
 
 void ControlPlatform::ShowProfileMenu() {
     if (ControlWindow* window = activation_.Window()) window->ShowProfileMenu();

@@ -21,6 +21,7 @@ public:
 
     TimeOfDay Now() override;
     LocaleTime TimeSettings() override;
+    std::string DateAndTime() override;
     std::string InterfaceLanguage() override;
     double SurfaceWidth() override;
     double SurfaceHeight() override;
@@ -28,6 +29,9 @@ public:
     void Flush() override;
     void ShowModal(ModalForm& form) override;
     Answer ShowMessageBox(const MessageBox& box) override;
+    std::string ChooseSaveFile(const SaveDialog& dialog) override;
+    std::unique_ptr<OutputFile> MakeFile(const std::string& name) override;
+    std::unique_ptr<Printer> ChoosePrinter(Printer::Orientation proposed) override;
     void ShowProfileMenu() override;
     void ProcessPendingMessages() override;
 

@@ -45,11 +45,7 @@ void GridPainter::Paint(const RECT& clip) const {
 std::vector<GridPainter::HeaderCell> GridPainter::HeaderCells(int row) const {
     std::vector<HeaderCell> cells;
     for (int column = 0; column < grid_.Columns();) {
-        int last = column;
-        const std::string text = grid_.CellText(row, column);
-        while (row == 0 && last + 1 < grid_.Columns() && grid_.CellText(row, last + 1) == text &&
-               grid_.HeaderColour(row, last + 1) == grid_.HeaderColour(row, column))
-            ++last;
+        const int last = LastOfCaption(grid_, row, column);
         RECT area = layout_.CellArea(row, column);
         area.right = layout_.ColumnRight(last);
         RECT textArea = Inside(area);
@@ -60,7 +56,8 @@ std::vector<GridPainter::HeaderCell> GridPainter::HeaderCells(int row) const {
         }
         InflateRect(&textArea, -canvas_.Scaled(1), 0);
         const bool bold = grid_.RowBold(row) || grid_.ColumnBold(column);
-        cells.push_back({column, area, textArea, Wide(text), bold ? Weight::Bold : Weight::Regular});
+        cells.push_back({column, area, textArea, Wide(grid_.CellText(row, column)),
+                         bold ? Weight::Bold : Weight::Regular});
         column = last + 1;
     }
     return cells;

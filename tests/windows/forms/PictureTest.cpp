@@ -1,6 +1,10 @@
+#include <algorithm>
+
 #include "control/Layout.h"
 #include "tests/windows/forms/FormHost.h"
+#include "views/GridPages.h"
 #include "windows/gdi/ControlPainter.h"
+#include "windows/gdi/PagePainter.h"
 #include "windows/gdi/PaintBuffer.h"
 
 namespace dlv::test {
@@ -97,6 +101,62 @@ TEST_F(PictureTest, GoesIntoAnOldMetafileAsABitmap) {
     };
     EXPECT_EQ(PixelOf(play, HeaderPoint()), kCyan);
     DeleteMetaFile(file);
+}
+
+/// A page of a printed grid, as a printer of that resolution would get it.
+struct PrintedSheet {
+    explicit PrintedSheet(const OutlineGrid& grid)
+        : pages(grid, {.width = 16838, .height = 11906}, {"Title", "now", "Default", "%1", "%1 / %2"}) {}
+
+    /// How much of the sheet is not white, and the colour of a point in twips.
+    struct Seen {
+        int inked = 0;
+        COLORREF colour = 0;
+    };
+    Seen Drawn(SIZE dotsPerInch, POINT twips) const {
+        const HDC record = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+        MeasureInTwips(record, dotsPerInch, {0, 0});
+        PagePainter(DefaultFont()).Paint(record, pages.Page(1));
+        const HENHMETAFILE file = CloseEnhMetaFile(record);
+        ENHMETAHEADER header{};
+        GetEnhMetaFileHeader(file, sizeof header, &header);
+        const RECTL& drawn = header.rclBounds;
+        const SIZE size{16838 * dotsPerInch.cx / 1440, 11906 * dotsPerInch.cy / 1440};
+        EXPECT_GE(drawn.left, 1200 * dotsPerInch.cx / 1440 - 1);
+        EXPECT_LE(drawn.right, (16838 - 1200) * dotsPerInch.cx / 1440 + 1);
+        EXPECT_LE(drawn.bottom, size.cy);
+
+        const WindowDc screen(nullptr);
+        const MemoryDc memory(screen.Get());
+        const Bitmap bitmap(CreateCompatibleBitmap(screen.Get(), size.cx, size.cy));
+        const SelectScope select(memory.Get(), bitmap.Get());
+        const RECT all{0, 0, size.cx, size.cy};
+        FillRect(memory.Get(), &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+        const RECT place{drawn.left, drawn.top, drawn.right + 1, drawn.bottom + 1};
+        PlayEnhMetaFile(memory.Get(), file, &place);
+        DeleteEnhMetaFile(file);
+        Seen seen;
+        for (int x = 0; x < size.cx; x += 3)
+            for (int y = 0; y < size.cy; y += 3)
+                seen.inked += GetPixel(memory.Get(), x, y) != RGB(255, 255, 255);
+        seen.colour =
+            GetPixel(memory.Get(), twips.x * dotsPerInch.cx / 1440, twips.y * dotsPerInch.cy / 1440);
+        return seen;
+    }
+    GridPages pages;
+};
+
+TEST_F(PictureTest, OfAPageStandsBetweenTheMarginsAtAnyResolution) {
+    const PrintedSheet sheet(form.vsFlex[0]);
+    const PrintedPage page = sheet.pages.Page(1);
+    const auto cyan = std::ranges::find(page.areas, static_cast<Colour>(kCyan), &PrintedPage::Area::colour);
+    ASSERT_NE(cyan, page.areas.end());
+    const POINT ground{static_cast<LONG>(cyan->place.left + 60), static_cast<LONG>(cyan->place.top + 30)};
+    for (const SIZE dots : {SIZE{96, 96}, SIZE{300, 300}, SIZE{200, 100}}) {
+        const PrintedSheet::Seen seen = sheet.Drawn(dots, ground);
+        EXPECT_EQ(seen.colour, kCyan) << dots.cx;
+        EXPECT_GT(seen.inked, 1000) << dots.cx;
+    }
 }
 
 struct ZoomCase {

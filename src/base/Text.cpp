@@ -15,6 +15,17 @@ bool IsContinuation(std::string_view text, std::size_t position) {
 constexpr bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
 constexpr bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
 
+constexpr bool IsLineEnd(char32_t c) {
+    return (c >= 0x0A && c <= 0x0D) || c == 0x85 || c == 0x2028 || c == 0x2029;
+}
+
+/// The sign that stands for a character in one line.
+constexpr char32_t SignFor(char32_t c) {
+    if (c == U'\t') return U'\u2192';
+    if (IsLineEnd(c)) return U'\u00B6';
+    return c < 0x20 || (c >= 0x7F && c < 0xA0) ? U'\uFFFD' : c;
+}
+
 }  // namespace
 
 char32_t NextCharacter(std::string_view text, std::size_t& position) {
@@ -109,6 +120,22 @@ std::string_view SkipCharacters(std::string_view text, std::size_t count) {
     std::size_t at = 0;
     for (; count > 0 && at < text.size(); --count) NextCharacter(text, at);
     return text.substr(at);
+}
+
+std::string OneLine(std::string_view text, std::size_t most) {
+    std::u32string signs;
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t character = NextCharacter(text, at);
+        if (character == U'\r' && at < text.size() && text[at] == '\n') ++at;
+        signs += SignFor(character);
+    }
+    if (signs.size() > most) {
+        const std::size_t end = most / 3;
+        signs.replace(most - end - 1, signs.size() - most + 1, 1, U'\u2026');
+    }
+    std::string line;
+    for (const char32_t sign : signs) AppendCharacter(line, sign);
+    return line;
 }
 
 std::string FoldCase(std::string_view text) {

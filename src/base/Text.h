@@ -27,6 +27,10 @@ std::string_view Trim(std::string_view text);
 /// The rest of `text` behind its first `count` characters.
 std::string_view SkipCharacters(std::string_view text, std::size_t count);
 
+/// Text as it can stand in a line of a menu or list: tabs, line ends and other control characters as signs
+/// that can be seen, and of more than `most` characters the first and the last with an ellipsis between.
+std::string OneLine(std::string_view text, std::size_t most);
+
 /// Every letter in its simple lower case, one character for one character.
 std::string FoldCase(std::string_view text);
 bool EqualFolded(std::string_view left, std::string_view right);

@@ -1,6 +1,7 @@
 #include "profiles/frmNewProfile.h"
 
 #include "base/Text.h"
+#include "widgets/AccessKeys.h"
 
 namespace dlv {
 
@@ -30,6 +31,7 @@ bool frmNewProfile::GetNewProfile(std::string& name, const std::string& prompt, 
     lblIntro.SetCaption(captions_.Caption(prompt));
     cmdOK.SetCaption(captions_.Caption("OK"));
     cmdCancel.SetCaption(captions_.Caption("Cancel"));
+    GiveAccessKeys({&lblIntro});
     txtName.SetText("");
     Tick();
     const ModalOwner::Scope scope(owner);

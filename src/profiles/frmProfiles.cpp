@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "profiles/frmNewProfile.h"
+#include "widgets/AccessKeys.h"
 
 namespace dlv {
 
@@ -32,6 +33,7 @@ void frmProfiles::GetProfile(const Dictionary& names, const std::string& current
     cmdNew.SetCaption(captions_.Caption("New"));
     cmdRemove.SetCaption(captions_.Caption("Remove"));
     cmdClose.SetCaption(captions_.Caption("Close"));
+    GiveAccessKeys({&cmdChoose, &cmdNew, &cmdRemove, &cmdClose});
     for (const auto& entry : names) names_.AddNew(entry.key);
     currentName_ = currentName;
     owner_ = &owner;

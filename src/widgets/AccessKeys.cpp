@@ -87,6 +87,14 @@ std::vector<AccessKey> ChooseAccessKeys(std::span<const std::string> captions) {
     return choice.Result();
 }
 
+void GiveAccessKeys(std::initializer_list<CaptionControl*> controls) {
+    std::vector<std::string> captions;
+    for (const CaptionControl* control : controls) captions.push_back(control->Caption());
+    std::size_t next = 0;
+    const std::vector<AccessKey> keys = ChooseAccessKeys(captions);
+    for (CaptionControl* control : controls) control->SetKey(keys[next++]);
+}
+
 std::vector<AccessTarget> AccessTargets(const Form& form) {
     std::vector<AccessTarget> targets;
     for (Control* control : form.Controls()) {

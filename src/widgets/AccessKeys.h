@@ -4,6 +4,7 @@
 // key.
 #pragma once
 
+#include <initializer_list>
 #include <span>
 #include <string>
 #include <vector>
@@ -14,6 +15,9 @@ namespace dlv {
 
 /// A key for each caption, as many as possible.
 std::vector<AccessKey> ChooseAccessKeys(std::span<const std::string> captions);
+
+/// Gives the controls of a dialog their keys.
+void GiveAccessKeys(std::initializer_list<CaptionControl*> controls);
 
 /// What a key leads to: a control, or a tab (from 1) of a tab strip.
 struct AccessTarget {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "widgets/Control.h"
@@ -120,13 +121,17 @@ public:
     void Select(std::size_t start, std::size_t length) {
         selectionStart_ = start;
         selectionLength_ = length;
+        selecting_ = true;
         MarkChanged();
     }
+    /// Whether `Select` was called since the last call: for the one who mirrors it into a window.
+    bool TakeSelecting() { return std::exchange(selecting_, false); }
 
 private:
     std::string text_;
     std::size_t selectionStart_ = 0;
     std::size_t selectionLength_ = 0;
+    bool selecting_ = false;
 };
 
 class ListBox : public Control {

@@ -1,5 +1,7 @@
 #include "tests/windows/Dialogs.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
 
 namespace dlv::test {
@@ -42,12 +44,105 @@ HWND OpenDialog() {
         [](HWND window, LPARAM data) -> BOOL {
             wchar_t name[16] = {};
             GetClassNameW(window, name, static_cast<int>(std::size(name)));
-            if (IsWindowVisible(window) == FALSE || wcscmp(name, L"#32770") != 0) return TRUE;
+            if (IsWindowVisible(window) == FALSE || IsWindowEnabled(window) == FALSE ||
+                wcscmp(name, L"#32770") != 0)
+                return TRUE;
             *reinterpret_cast<HWND*>(data) = window;
             return FALSE;
         },
         reinterpret_cast<LPARAM>(&found));
     return found;
+}
+
+HWND OpenMenu() {
+    const HWND menu = FindWindowW(L"#32768", nullptr);
+    return menu != nullptr && IsWindowVisible(menu) != FALSE ? menu : nullptr;
+}
+
+void PressProfiles(const HostedControl& control) {
+    const HWND bar = control.WindowOf(TOOLBARCLASSNAMEW);
+    RECT area{};
+    constexpr WPARAM kButton = 3;
+    ASSERT_NE(SendMessageW(bar, TB_GETITEMRECT, kButton, reinterpret_cast<LPARAM>(&area)), 0);
+    const LPARAM point = MAKELPARAM(area.left + 8, (area.top + area.bottom) / 2);
+    SendMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, point);
+    SendMessageW(bar, WM_LBUTTONUP, 0, point);
+}
+
+Person::Person(std::vector<Act> acts) : acts_(std::move(acts)) {
+    EXPECT_EQ(current_, nullptr) << "one person at a time";
+    current_ = this;
+    timer_ = SetTimer(nullptr, 0, kEvery, Tick);
+}
+
+Person::~Person() {
+    KillTimer(nullptr, timer_);
+    current_ = nullptr;
+    EXPECT_EQ(next_, acts_.size()) << "what there was to be used never opened";
+}
+
+void CALLBACK Person::Tick(HWND, UINT, UINT_PTR, DWORD) {
+    if (current_ != nullptr) current_->Look();
+}
+
+void Person::Look() {
+    const HWND dialog = OpenDialog();
+    const HWND window = dialog != nullptr ? dialog : OpenMenu();
+    if (window == nullptr) return;
+    if (closing_) {
+        PostMessageW(window, WM_KEYDOWN, VK_ESCAPE, 1);
+        if (dialog == nullptr) return;
+        PostMessageW(window, WM_COMMAND, IDNO, 0);
+        PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
+        return;
+    }
+    if (acting_ || window == last_ || next_ == acts_.size()) return;
+    acting_ = true;
+    if (acts_[next_](window)) {
+        last_ = window;
+        ++next_;
+    }
+    acting_ = false;
+}
+
+Person::Act Person::Keys(std::vector<WPARAM> keys) {
+    return [keys](HWND window) {
+        for (const WPARAM key : keys) PostMessageW(window, WM_KEYDOWN, key, 1);
+        return true;
+    };
+}
+
+Person::Act Person::Press(std::wstring caption) {
+    return [caption](HWND window) {
+        for (HWND button = nullptr;
+             (button = FindWindowExW(window, button, WC_BUTTONW, nullptr)) != nullptr;) {
+            std::wstring text = TextOf(button);
+            std::erase(text, L'&');
+            if (text != caption || IsWindowEnabled(button) == FALSE) continue;
+            PostMessageW(button, BM_CLICK, 0, 0);
+            return true;
+        }
+        return false;
+    };
+}
+
+Person::Act Person::Name(std::wstring name) {
+    return [name](HWND window) {
+        const HWND box = FindWindowExW(window, nullptr, WC_EDITW, nullptr);
+        if (box != nullptr && TextOf(box) != name) SetWindowTextW(box, name.c_str());
+        return box != nullptr && Press(L"OK")(window);
+    };
+}
+
+Person::Act Person::Line(int line, std::wstring caption) {
+    return [line, caption](HWND window) {
+        const HWND list = FindWindowExW(window, nullptr, WC_LISTBOXW, nullptr);
+        if (list == nullptr) return false;
+        SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(line), 0);
+        SendMessageW(window, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(list), LBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(list));
+        return Press(caption)(window);
+    };
 }
 
 void Click(HWND window) {

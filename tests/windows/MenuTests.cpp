@@ -1,18 +1,10 @@
 // The pop-up menu of the profiles, opened and used as a person does.
-#include <commctrl.h>
-
-#include "tests/windows/Support.h"
+#include "tests/windows/Dialogs.h"
 
 namespace dlv::test {
 namespace {
 
 constexpr UINT kEvery = 20;  // milliseconds
-constexpr wchar_t kMenuClass[] = L"#32768";
-
-HWND OpenMenu() {
-    const HWND menu = FindWindowW(kMenuClass, nullptr);
-    return menu != nullptr && IsWindowVisible(menu) != FALSE ? menu : nullptr;
-}
 
 /// Types keys into the next menu that opens on this thread.
 class MenuKeys {
@@ -45,17 +37,6 @@ private:
     std::vector<WPARAM> keys_;
     UINT_PTR timer_ = 0;
 };
-
-/// Presses the mouse over the middle of the button that opens the menu.
-void PressProfiles(const HostedControl& control) {
-    const HWND bar = control.WindowOf(TOOLBARCLASSNAMEW);
-    RECT area{};
-    constexpr WPARAM kButton = 3;
-    ASSERT_NE(SendMessageW(bar, TB_GETITEMRECT, kButton, reinterpret_cast<LPARAM>(&area)), 0);
-    const LPARAM point = MAKELPARAM(area.left + 8, (area.top + area.bottom) / 2);
-    SendMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, point);
-    SendMessageW(bar, WM_LBUTTONUP, 0, point);
-}
 
 TEST(ProfileMenu, OpensAtItsButtonAndDoesWhatIsChosen) {
     HostedControl control;

@@ -1,9 +1,15 @@
 // A host that ends things at the worst moment: inside an event, and while a dialog of the control is open.
+#include <commctrl.h>
+
 #include "tests/windows/Dialogs.h"
 
 namespace dlv::test {
 namespace {
 
+constexpr wchar_t kBothNames[] =
+    L"<WebData><ProfileIDs><ProfileID>Default</ProfileID><ProfileID>Other</ProfileID></ProfileIDs></WebData>";
+
+/// What the host does.
 struct Ending {
     const char* name;
     std::function<void(HostedControl& control)> act;
@@ -56,30 +62,167 @@ const std::function<void(HostedControl&)> kSteps[] = {
     },
 };
 
+/// A host that does not end the control, but uses it when it does not expect that.
+const Ending kMeddlings[] = {
+    {"Nothing", [](HostedControl&) {}},
+    {"SendData",
+     [](HostedControl& c) {
+         Receive(c.Viewer(), SampleMessage().Get());
+         Receive(c.Viewer(), BrokenMessage().Get());
+     }},
+    {"AnswerEverything",
+     [](HostedControl& c) {
+         for (const wchar_t* function : {L"GetProfileList", L"GetProfiles", L"PutProfiles", L"SaveProfileAs",
+                                         L"AddProfiles", L"RemoveProfiles"})
+             for (const wchar_t* result :
+                  {kBothNames, L"<WebProfiles><WebProfile Name=\"Other\"/></WebProfiles>", L"<WebData>", L""})
+                 AnswerProfiles(c.Viewer(), result, function);
+     }},
+    {"CallEverything",
+     [](HostedControl& c) {
+         Initialize(c.Viewer());
+         SetSessionUnits(c.Viewer(), {L"12"});
+         c.Viewer()->ResizeControls();
+         _bstr_t language(L"PO");
+         BSTR text = language.GetBSTR();
+         c.Viewer()->SetRegionalFormatInfo(&text);
+         c.container.SetPlace({0, 0, 500, 300});
+     }},
+};
+
+/// Where a host may do so: inside the event of that number, or else, once the acts have been done, when the
+/// next menu or dialog opens.
+struct Moment {
+    const char* name;
+    void (*begin)(HostedControl& control);
+    std::vector<Person::Act> acts;
+    DISPID event = 0;
+    friend void PrintTo(const Moment& moment, std::ostream* out) { *out << moment.name; }
+};
+
+void StartUpStepByStep(HostedControl& control) {
+    for (const auto& step : kSteps)
+        if (control.viewer) step(control);
+}
+
+void OpenProfiles(HostedControl& control) {
+    control.StartUp();
+    Receive(control.Viewer(), SampleMessage().Get());
+    AnswerProfiles(control.Viewer(), kBothNames, L"AddProfiles");
+    SetFocus(control.WindowOf(WC_LISTVIEWW));
+    PressProfiles(control);
+}
+
+void OpenProfilesWithoutAny(HostedControl& control) {
+    control.StartUp();
+    Receive(control.Viewer(), SampleMessage().Get());
+    AnswerProfiles(control.Viewer(), kBothNames, L"RemoveProfiles");
+    SetFocus(control.WindowOf(WC_LISTVIEWW));
+    PressProfiles(control);
+}
+
+void FailToLoad(HostedControl& control) {
+    control.StartUp();
+    SetFocus(control.WindowOf(WC_LISTVIEWW));
+    Receive(control.Viewer(), BrokenMessage().Get());
+}
+
+const Person::Act kManage = Person::Keys({VK_UP, VK_RETURN});
+const Person::Act kSaveAs = Person::Keys({VK_UP, VK_UP, VK_RETURN});
+const Person::Act kSave = Person::Keys({VK_UP, VK_UP, VK_UP, VK_RETURN});
+const Person::Act kNew = Person::Press(L"New");
+
+constexpr DISPID kPostRequest = 1, kGetDetails = 2, kGetProfiles = 3, kGetProfileList = 4, kPutProfiles = 5,
+                 kAddProfiles = 6, kRemoveProfiles = 7, kSaveProfileAs = 8;
+
+const Moment kMoments[] = {
+    {"PostRequest", StartUpStepByStep, {}, kPostRequest},
+    {"GetDetails", StartUpStepByStep, {}, kGetDetails},
+    {"GetProfiles", StartUpStepByStep, {}, kGetProfiles},
+    {"GetProfileList", StartUpStepByStep, {}, kGetProfileList},
+    {"PutProfiles", StartUpStepByStep, {}, kPutProfiles},
+    {"SaveFromMenu", OpenProfiles, {kSave}, kPutProfiles},
+    {"ChooseFromMenu", OpenProfiles, {Person::Keys({VK_DOWN, VK_RIGHT, VK_DOWN, VK_RETURN})}, kGetProfiles},
+    {"SaveAs", OpenProfiles, {kSaveAs, Person::Name(L"New one")}, kSaveProfileAs},
+    {"Choose", OpenProfiles, {kManage, Person::Line(1, L"Choose")}, kGetProfiles},
+    {"Add", OpenProfiles, {kManage, kNew, Person::Name(L"New one")}, kAddProfiles},
+    {"Remove", OpenProfiles, {kManage, Person::Line(1, L"Remove"), Person::Press(L"Yes")}, kRemoveProfiles},
+    {"ErrorDialog", FailToLoad, {}},
+    {"Menu", OpenProfiles, {}},
+    {"SaveAsDialog", OpenProfiles, {kSaveAs}},
+    {"BadNameBox", OpenProfiles, {kSaveAs, Person::Name(L"a:b")}},
+    {"OverwriteBox", OpenProfiles, {kSaveAs, Person::Name(L"other")}},
+    {"ManageDialog", OpenProfiles, {kManage}},
+    {"NoProfilesBox", OpenProfilesWithoutAny, {kManage}},
+    {"NewDialog", OpenProfiles, {kManage, kNew}},
+    {"BadNewNameBox", OpenProfiles, {kManage, kNew, Person::Name(L"?")}},
+    {"ExistsBox", OpenProfiles, {kManage, kNew, Person::Name(L"OTHER")}},
+    {"CannotRemoveBox", OpenProfiles, {kManage, Person::Line(0, L"Remove")}},
+    {"RemoveBox", OpenProfiles, {kManage, Person::Line(1, L"Remove")}},
+};
+
+HANDLE ActiveContext() {
+    HANDLE context = nullptr;
+    GetCurrentActCtx(&context);
+    ReleaseActCtx(context);
+    return context;
+}
+
 constexpr std::chrono::seconds kBound{10};
 
-class InsideEvent : public testing::TestWithParam<std::tuple<Ending, DISPID>> {};
+/// Lets the host act at the moment, and looks whether all comes back.
+class HostAt : public testing::TestWithParam<std::tuple<Moment, Ending>> {
+protected:
+    enum class Then { Gone, Usable };
+    void ActAtTheMoment(Then then);
+    void LookAtWhatIsLeft(HostedControl& control, Then then) const;
+};
 
-TEST_P(InsideEvent, EndsWhatRunsAndLeavesNothingBehind) {
+void HostAt::LookAtWhatIsLeft(HostedControl& control, Then then) const {
+    EXPECT_EQ(OpenDialog(), nullptr);
+    EXPECT_EQ(OpenMenu(), nullptr);
+    EXPECT_FALSE(control.container.HostFrame().IsModal());
+    const HWND host = control.window.Handle();
+    EXPECT_TRUE(host == nullptr || IsWindowEnabled(host) != FALSE);
+    if (then == Then::Gone) return;
+    const HWND list = control.WindowOf(WC_LISTVIEWW);
+    for (HWND window = list; window != nullptr; window = GetAncestor(window, GA_PARENT))
+        EXPECT_TRUE(IsWindowEnabled(window));
+    EXPECT_TRUE(std::get<Moment>(GetParam()).begin == StartUpStepByStep || GetFocus() == list);
+}
+
+void HostAt::ActAtTheMoment(Then then) {
     const auto started = std::chrono::steady_clock::now();
-    const auto& [ending, event] = GetParam();
+    const auto& [moment, act] = GetParam();
+    const HANDLE context = ActiveContext();
     int eventsAfter = 0;
-    bool ended = false;
+    bool acted = false;
     {
         HostedControl control;
+        Person* user = nullptr;
+        const auto now = [&, &ending = act] {
+            acted = true;
+            EXPECT_EQ(ActiveContext(), context) << "the host is called in a context of the control's";
+            if (then == Then::Usable) user->CloseAll();
+            ending.act(control);
+        };
         for (DISPID id = 1; id <= 8; ++id)
-            control.sink->On(id, [&, id](DISPPARAMS&) {
-                if (ended) ++eventsAfter;
-                if (ended || id != event) return;
-                ended = true;
-                ending.act(control);
+            control.sink->On(id, [&, id, wanted = moment.event](DISPPARAMS&) {
+                if (acted) ++eventsAfter;
+                if (!acted && id == wanted && user->Done()) now();
             });
-        for (const auto& step : kSteps) {
-            if (ended || !control.viewer) break;
-            step(control);
-        }
-        EXPECT_TRUE(ended) << "the event never came";
-        EXPECT_EQ(eventsAfter, 0);
+        std::vector<Person::Act> acts = moment.acts;
+        if (moment.event == 0)
+            acts.emplace_back([&](HWND) {
+                now();
+                return true;
+            });
+        Person person(acts);
+        user = &person;
+        moment.begin(control);
+        EXPECT_TRUE(acted) << "the moment never came";
+        LookAtWhatIsLeft(control, then);
+        EXPECT_TRUE(then == Then::Usable || eventsAfter == 0);
         PumpMessages();
     }
     PumpMessages();
@@ -88,38 +231,15 @@ TEST_P(InsideEvent, EndsWhatRunsAndLeavesNothingBehind) {
     EXPECT_LT(std::chrono::steady_clock::now() - started, kBound);
 }
 
-constexpr DISPID kPostRequest = 1, kGetDetails = 2, kGetProfiles = 3, kGetProfileList = 4, kPutProfiles = 5;
-INSTANTIATE_TEST_SUITE_P(Endings, InsideEvent,
-                         testing::Combine(testing::ValuesIn(kEndings),
-                                          testing::Values(kPostRequest, kGetDetails, kGetProfiles,
-                                                          kGetProfileList, kPutProfiles)));
+class HostEndsAt : public HostAt {};
+TEST_P(HostEndsAt, EverythingEndsAndNothingIsLeft) { ActAtTheMoment(Then::Gone); }
+INSTANTIATE_TEST_SUITE_P(Endings, HostEndsAt,
+                         testing::Combine(testing::ValuesIn(kMoments), testing::ValuesIn(kEndings)));
 
-class InsideDialog : public testing::TestWithParam<Ending> {};
-
-TEST_P(InsideDialog, ClosesItAndReturns) {
-    const auto started = std::chrono::steady_clock::now();
-    int dialogs = 0;
-    {
-        HostedControl control;
-        control.StartUp();
-        _DLViewer* const viewer = control.Viewer();
-        const ComPtr<_QZWebMessage> message = BrokenMessage();
-        const DialogWatch watch([&](HWND) {
-            if (++dialogs == 1) GetParam().act(control);
-        });
-        EXPECT_EQ(Receive(viewer, message.Get()), S_OK);
-        EXPECT_EQ(OpenDialog(), nullptr);
-        EXPECT_FALSE(control.container.HostFrame().IsModal());
-        PumpMessages();
-    }
-    EXPECT_EQ(dialogs, 1);
-    PumpMessages();
-    EXPECT_EQ(CanUnload(), S_OK);
-    EXPECT_EQ(container::liveObjects, 0);
-    EXPECT_LT(std::chrono::steady_clock::now() - started, kBound);
-}
-
-INSTANTIATE_TEST_SUITE_P(Endings, InsideDialog, testing::ValuesIn(kEndings));
+class HostMeddlesAt : public HostAt {};
+TEST_P(HostMeddlesAt, TheControlStaysUsable) { ActAtTheMoment(Then::Usable); }
+INSTANTIATE_TEST_SUITE_P(Meddlings, HostMeddlesAt,
+                         testing::Combine(testing::ValuesIn(kMoments), testing::ValuesIn(kMeddlings)));
 
 TEST(Teardown, ADialogDisablesTheHostAndTellsItsFrameForAsLongAsItIsOpen) {
     HostedControl control;

@@ -4,6 +4,7 @@
 
 #include "windows/com/ParamsObject.h"
 #include "windows/com/Strings.h"
+#include "windows/hwnd/CommonControls.h"
 
 namespace dlv {
 
@@ -65,6 +66,7 @@ void EventSource::Thaw() {
 
 void EventSource::SendToEach(const std::function<void(const Sender&)>& give) {
     if (frozen_ > 0 || !ambience_.UserMode()) return;
+    const HostScope inHost;
     for (const Connection& connection : events_.Connections()) {
         if (host_.Ending()) return;
         if (!events_.IsConnected(connection.cookie)) continue;

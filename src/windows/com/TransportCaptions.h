@@ -6,6 +6,7 @@
 
 #include "ui/CaptionSource.h"
 #include "windows/com/LateBound.h"
+#include "windows/hwnd/CommonControls.h"
 
 namespace dlv {
 
@@ -19,10 +20,14 @@ public:
     /// A host whose function is declared to return text has no other way than an empty one to say that it
     /// does not know a key.
     std::optional<std::string> Caption(std::string_view key) override {
+        const HostScope inHost;
         auto text = transport_.TextIfAny(L"Caption", Variant(key));
         return text && text->empty() ? std::nullopt : text;
     }
-    std::optional<std::string> LanguageID() override { return transport_.TextIfAny(L"LanguageID"); }
+    std::optional<std::string> LanguageID() override {
+        const HostScope inHost;
+        return transport_.TextIfAny(L"LanguageID");
+    }
 
 private:
     LateBound transport_;

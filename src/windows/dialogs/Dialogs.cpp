@@ -39,13 +39,14 @@ Answer ShowMessageBox(WindowHost& host, const MessageBox& box) {
     // The system's box disables its owner itself, and refuses one that is disabled.
     scope.ReleaseOwner();
     const DialogWatch watch(host, DialogWatch::Closing::Pressed, asks ? IDNO : IDOK);
-    const ControlsScope controls;
+    const HostScope inHost;
     const int pressed =
         MessageBoxW(scope.Owner(), Wide(box.text).c_str(), Wide(box.title).c_str(), Style(box));
     return pressed == IDYES ? Answer::Yes : refused;
 }
 
 void ProcessPendingMessages() {
+    const HostScope inHost;
     MSG message{};
     for (int i = 0; i < kMostPendingMessages && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE); ++i) {
         if (message.message == WM_QUIT) {

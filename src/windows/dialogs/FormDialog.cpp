@@ -1,5 +1,7 @@
 #include "windows/dialogs/FormDialog.h"
 
+#include <utility>
+
 #include "windows/com/ComError.h"
 #include "windows/com/Strings.h"
 #include "windows/hwnd/CommonControls.h"
@@ -84,6 +86,7 @@ void FormDialog::SetSize(HWND owner, Scale scale) {
 bool FormDialog::Open() const { return Handle() != nullptr && !form_.Closed() && !Host().Ending(); }
 
 void FormDialog::Run() {
+    const HostScope inHost;
     while (Open()) {
         MSG message{};
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);
@@ -96,7 +99,7 @@ void FormDialog::Run() {
             DispatchMessageW(&message);
             return;
         }
-        if (IsDialogMessageW(Handle(), &message)) continue;
+        if (PressAccessKey(message) || IsDialogMessageW(Handle(), &message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
@@ -106,8 +109,11 @@ void FormDialog::StartTimers() {
     for (const Control* control : form_.Controls()) {
         const auto* timer = dynamic_cast<const Timer*>(control);
         if (timer == nullptr) continue;
-        if (timer->Enabled() && timer->Interval() > 0)
-            SetTimer(Handle(), kTimer, static_cast<UINT>(timer->Interval()), nullptr);
+        const int wanted = timer->Enabled() ? timer->Interval() : 0;
+        // Setting a timer that runs would put off its tick.
+        if (std::exchange(interval_, wanted) == wanted) continue;
+        if (wanted > 0)
+            SetTimer(Handle(), kTimer, static_cast<UINT>(wanted), nullptr);
         else
             KillTimer(Handle(), kTimer);
     }
@@ -122,8 +128,10 @@ Button* FormDialog::ButtonFor(WORD id) const {
     return nullptr;
 }
 
-// Enter and Esc, and the closing of the window, which counts as Esc.
+// Enter and Esc, and the closing of the window, which counts as Esc. They may be quicker than the timer that
+// enables the button.
 void FormDialog::Press(WORD id) {
+    form_.Tick();
     Button* const button = ButtonFor(id);
     if (button != nullptr && button->Enabled())
         form_.Click(*button);
@@ -133,6 +141,24 @@ void FormDialog::Press(WORD id) {
 
 void FormDialog::Clicked(Control& control) {
     if (auto* button = dynamic_cast<class Button*>(&control)) form_.Click(*button);
+}
+
+void FormDialog::LineChosen(ListBox&) { Press(IDOK); }
+
+bool FormDialog::PressAccessKey(const MSG& message) {
+    if (message.message != WM_SYSCHAR || !IsChild(Handle(), message.hwnd)) return false;
+    bool pressed = false;
+    Host().Window([&] {
+        pressed = windows_.PressAccessKey(AccessLetter(message.wParam));
+        BringUpToDate();
+    });
+    return pressed;
+}
+
+void FormDialog::BringUpToDate() {
+    if (!Open()) return;
+    StartTimers();
+    windows_.Flush();
 }
 
 void FormDialog::FocusTaken(Control& control) { form_.GotFocus(control); }
@@ -150,10 +176,7 @@ LRESULT FormDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_TIMER: form_.Tick(); break;
         default: return Default(message, wParam, lParam);
     }
-    if (Open()) {
-        StartTimers();
-        windows_.Flush();
-    }
+    BringUpToDate();
     return result;
 }
 

@@ -22,11 +22,14 @@ public:
 private:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void Clicked(Control& control) override;
+    void LineChosen(ListBox& list) override;
     void FocusTaken(Control& control) override;
 
     Zoom ZoomOn(HWND owner) const;
     void SetSize(HWND owner, Scale scale);
     void Press(WORD id);
+    bool PressAccessKey(const MSG& message);
+    void BringUpToDate();
     Button* ButtonFor(WORD id) const;
     void StartTimers();
     bool Open() const;
@@ -34,6 +37,8 @@ private:
     ModalForm& form_;
     FontChoice font_;
     FormWindows windows_;
+    /// Of the running timer, in milliseconds; 0 while none runs.
+    int interval_ = 0;
 };
 
 }  // namespace dlv

@@ -17,6 +17,9 @@ HWND TopmostOver(HWND window) {
 
 ModalScope::ModalScope(WindowHost& host)
     : host_(host), owner_(TopmostOver(host.DialogOwner())), focus_(GetFocus()) {
+    // A menu that is open would keep the mouse from the dialog.
+    EndMenu();
+    ReleaseCapture();
     host_.SetContainerModeless(Modeless::Disabled);
     if (owner_ != nullptr && IsWindowEnabled(owner_)) {
         EnableWindow(owner_, FALSE);

@@ -1,5 +1,6 @@
 #include "windows/gdi/FacePainter.h"
 
+#include "base/Text.h"
 #include "windows/com/Strings.h"
 
 namespace dlv {
@@ -10,6 +11,14 @@ Weight WeightOf(const Label& label) { return label.Bold() ? Weight::Bold : Weigh
 
 bool Wraps(const Canvas& canvas, const RECT& area) {
     return area.bottom - area.top >= 2 * canvas.Faces().LineHeight();
+}
+
+/// What is drawn of a label that takes one line: more characters fit into none.
+constexpr std::size_t kLongestLine = 500;
+
+std::wstring ShownText(const Canvas& canvas, const Label& label, const RECT& area) {
+    return Wide(Wraps(canvas, area) || label.Key() ? label.Caption()
+                                                   : OneLine(label.Caption(), kLongestLine));
 }
 
 UINT LabelFormat(const Canvas& canvas, const Label& label, const RECT& area) {
@@ -42,7 +51,8 @@ std::vector<bool> ShownTools(const Toolbar& bar) {
 
 int LabelStep(const Canvas& canvas, const Label& label) {
     const RECT area = canvas.Measure().ToRect(label.Place());
-    return canvas.StepWithin(area, Wide(label.Caption()), WeightOf(label), LabelFormat(canvas, label, area));
+    return canvas.StepWithin(area, ShownText(canvas, label, area), WeightOf(label),
+                             LabelFormat(canvas, label, area));
 }
 
 std::string WithAccessKey(const std::string& text, AccessKey key) {
@@ -61,14 +71,14 @@ void DrawLabel(const Canvas& canvas, const Label& label, const RECT& area, COLOR
     COLORREF ink = colours.faceText;
     if (label.ForeColour() && !colours.highContrast) ink = *label.ForeColour();
     if (!label.Enabled()) ink = colours.disabledText;
-    canvas.TextWithin(area, Wide(label.Caption()), WeightOf(label), ink, LabelFormat(canvas, label, area),
-                      Canvas::Upright::Top, leastStep,
+    canvas.TextWithin(area, ShownText(canvas, label, area), WeightOf(label), ink,
+                      LabelFormat(canvas, label, area), Canvas::Upright::Top, leastStep,
                       cue == KeyCue::Shown && label.Key() ? Wide(WithAccessKey(label.Caption(), label.Key()))
                                                           : std::wstring());
 }
 
 bool LabelTextFits(const Canvas& canvas, const Label& label, const RECT& area) {
-    const std::wstring text = Wide(label.Caption());
+    const std::wstring text = ShownText(canvas, label, area);
     const SelectScope font(canvas.Dc(), canvas.Faces().Smaller(WeightOf(label), Fonts::kSmallest));
     RECT needed = area;
     DrawTextW(canvas.Dc(), text.c_str(), static_cast<int>(text.size()), &needed,

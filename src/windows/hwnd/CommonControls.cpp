@@ -35,6 +35,10 @@ const ControlsContext& Context() {
     return context;
 }
 
+/// Whether the controls' context is the active one of this thread, and which one was before it.
+thread_local bool inControls = false;
+thread_local HANDLE hostContext = nullptr;
+
 /// The themed library is loaded by name inside the context: an import would be bound to the host's version.
 /// It stays loaded, since a library is not to free others while it is unloaded itself.
 HMODULE LoadControls() {
@@ -50,13 +54,28 @@ HMODULE LoadControls() {
 
 }  // namespace
 
-ControlsScope::ControlsScope() {
+ControlsScope::ControlsScope() : hostBefore_(hostContext), before_(inControls) {
     const HANDLE context = Context().Get();
+    if (!inControls && GetCurrentActCtx(&host_)) hostContext = host_;
     active_ = context != INVALID_HANDLE_VALUE && ActivateActCtx(context, &cookie_);
+    inControls = true;
 }
 
 ControlsScope::~ControlsScope() {
     if (active_) DeactivateActCtx(0, cookie_);
+    inControls = before_;
+    hostContext = hostBefore_;
+    if (host_ != nullptr) ReleaseActCtx(host_);
+}
+
+HostScope::HostScope() : before_(inControls) {
+    active_ = inControls && ActivateActCtx(hostContext, &cookie_);
+    inControls = false;
+}
+
+HostScope::~HostScope() {
+    if (active_) DeactivateActCtx(0, cookie_);
+    inControls = before_;
 }
 
 void NeedCommonControls() {

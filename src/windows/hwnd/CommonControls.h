@@ -18,6 +18,25 @@ public:
 private:
     ULONG_PTR cookie_ = 0;
     bool active_ = false;
+    HANDLE host_ = nullptr;
+    HANDLE hostBefore_;
+    bool before_;
+};
+
+/// While it lives, the context is active that was so before the control's own, on every way out to the host:
+/// an unregistered host finds its classes by the context that its call is made in. Events and the loops of
+/// dialogs and menus are such ways.
+class HostScope {
+public:
+    HostScope();
+    ~HostScope();
+    HostScope(const HostScope&) = delete;
+    HostScope& operator=(const HostScope&) = delete;
+
+private:
+    ULONG_PTR cookie_ = 0;
+    bool active_ = false;
+    bool before_;
 };
 
 /// Registers the classes of list view, tab strip, tool bar and tool tips. Inside a ControlsScope.

@@ -1,7 +1,11 @@
 #include "windows/hwnd/ControlSurface.h"
 
+#include <utility>
+
 #include "windows/hwnd/CommonControls.h"
 #include "windows/hwnd/Mirror.h"
+#include "windows/hwnd/PopupMenu.h"
+#include "windows/hwnd/ProfileMenuWindow.h"
 
 namespace dlv {
 
@@ -169,6 +173,7 @@ LRESULT ControlSurface::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_NOTIFY:
             if (Reflect(message, wParam, lParam, result)) return result;
             break;
+        case WM_MENUCHAR: return PopupMenu::OnCharacter(reinterpret_cast<HMENU>(lParam), LOWORD(wParam));
         case WM_ENTERIDLE:
             // A menu is open and nothing happens: the moment to see that the control has ended meanwhile.
             if (wParam == MSGF_MENU && Host().Ending()) EndMenu();
@@ -206,7 +211,15 @@ void ControlSurface::Clicked(Control& control) {
 
 void ControlSurface::TabChosen(TabStrip&) { Host().Viewer().Tabs_Click(); }
 
-void ControlSurface::ToolChosen(Toolbar&, const std::string& key) { Host().Viewer().tbMain_ButtonClick(key); }
+void ControlSurface::ToolChosen(Toolbar&, const std::string& key, const std::optional<RECT>& place) {
+    menuBelow_ = place;
+    Host().Viewer().tbMain_ButtonClick(key);
+}
+
+void ControlSurface::ShowProfileMenu() {
+    const std::optional<RECT> button = std::exchange(menuBelow_, std::nullopt);
+    if (Handle() != nullptr) dlv::ShowProfileMenu(Host().Viewer(), Handle(), button);
+}
 
 void ControlSurface::GridPressed(OutlineGrid& grid, int button) {
     Host().Viewer().vsFlex_MouseDown(IndexOf(grid), button);

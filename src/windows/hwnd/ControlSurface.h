@@ -20,10 +20,10 @@ public:
     void TakeFocus(FocusFrom from);
     bool TranslateKey(const MSG& message);
     bool PressAccessKey(char letter) { return windows_.PressAccessKey(letter); }
-    DLViewer& Viewer() const { return Host().Viewer(); }
     Bounds SizeInTwips() const;
     int Dpi() const { return dpi_; }
     const Zoom& CurrentZoom() const { return zoom_; }
+    void ShowProfileMenu();
     void SetDpi(int dpi);
     void SetAppearance(const Appearance& appearance);
 
@@ -39,13 +39,13 @@ private:
 
     void Clicked(Control& control) override;
     void TabChosen(TabStrip& tabs) override;
-    void ToolChosen(Toolbar& bar, const std::string& key) override;
+    void ToolChosen(Toolbar& bar, const std::string& key, const std::optional<RECT>& place) override;
     void GridPressed(OutlineGrid& grid, int button) override;
     void GridDoubleClicked(OutlineGrid& grid, int row, int column) override;
     void GridKeyPressed(OutlineGrid& grid, int key, bool shift) override;
     std::string GridExplanation(OutlineGrid& grid, int row, int column) override;
     std::string NameOf(const Control& control) override { return SpokenName(Form(), control); }
-    std::string CaptionOf(std::string_view key) override { return Viewer().Caption(key); }
+    std::string CaptionOf(std::string_view key) override { return Host().Viewer().Caption(key); }
     void FocusEntered() override { Host().FocusEntered(); }
     void FocusLeft() override { Host().FocusLeft(); }
 
@@ -58,6 +58,8 @@ private:
     Zoom zoom_;
     SIZE size_{};
     int pointer_ = kDefaultPointer;
+    /// The button that the next profile menu hangs below, unless it is to stand at the mouse.
+    std::optional<RECT> menuBelow_;
 };
 
 }  // namespace dlv

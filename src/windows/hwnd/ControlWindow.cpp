@@ -1,7 +1,6 @@
 #include "windows/hwnd/ControlWindow.h"
 
 #include "windows/hwnd/ControlSurface.h"
-#include "windows/hwnd/ProfileMenuWindow.h"
 
 namespace dlv {
 
@@ -36,9 +35,7 @@ bool ControlWindow::TranslateKey(const MSG& message) { return surface_->Translat
 
 bool ControlWindow::PressAccessKey(char letter) { return surface_->PressAccessKey(letter); }
 
-void ControlWindow::ShowProfileMenu() {
-    if (Handle() != nullptr) dlv::ShowProfileMenu(surface_->Viewer(), Handle());
-}
+void ControlWindow::ShowProfileMenu() { surface_->ShowProfileMenu(); }
 
 double ControlWindow::SurfaceWidth() const { return surface_->SizeInTwips().width; }
 

@@ -49,7 +49,8 @@ public:
     /// Does what the letter's key does in the form; false when the form has none for it.
     bool PressAccessKey(char letter);
 
-    /// Pops up the profile menu at the mouse and runs the handler of the item that a person chooses.
+    /// Pops up the profile menu, at the mouse or below the button that the keyboard is on, and runs the
+    /// handler of the item that a person chooses.
     void ShowProfileMenu();
 
     /// Inner size in twips; 0 without a window.

@@ -2,6 +2,9 @@
 // the form's state was changed, except for option buttons, whose group the listener knows.
 #pragma once
 
+#include "windows/com/PlainWindows.h"
+
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,7 +20,11 @@ public:
     /// A button, an option button, or a label that answers clicks.
     virtual void Clicked(Control& control) = 0;
     virtual void TabChosen(TabStrip& /*tabs*/) {}
-    virtual void ToolChosen(Toolbar& /*bar*/, const std::string& /*key*/) {}
+    /// `place` is the button's on the screen, unless it was chosen with the mouse.
+    virtual void ToolChosen(Toolbar& /*bar*/, const std::string& /*key*/,
+                            const std::optional<RECT>& /*place*/) {}
+    /// A line of a list was double-clicked.
+    virtual void LineChosen(ListBox& /*list*/) {}
     /// `button` as the mouse handlers of forms count: 1 left, 2 right, 4 middle.
     virtual void GridPressed(OutlineGrid& /*grid*/, int /*button*/) {}
     /// The cell under the mouse; (-1, -1) outside all cells.

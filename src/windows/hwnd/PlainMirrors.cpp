@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "base/Text.h"
 #include "windows/com/Strings.h"
 #include "windows/gdi/FacePainter.h"
 #include "windows/gdi/PaintBuffer.h"
@@ -11,6 +12,11 @@ namespace dlv {
 namespace {
 
 constexpr DWORD kChild = WS_CHILD | WS_CLIPSIBLINGS;
+/// As many characters as an edit field can be given.
+constexpr WPARAM kNoLimit = 0x7FFFFFFE;
+/// What a list and a tip show of a text, in characters.
+constexpr std::size_t kLongestLine = 1000;
+constexpr std::size_t kLongestTip = 4000;
 
 RECT ClientArea(HWND window) {
     RECT area{};
@@ -116,8 +122,8 @@ void LabelMirror::TellText() {
 std::string LabelMirror::ToolTip() const {
     if (!label_.ToolTip().empty()) return label_.ToolTip();
     const WindowDc dc(Handle());
-    return LabelTextFits(Canvas(dc.Get(), Kept()), label_, ClientArea(Handle())) ? std::string()
-                                                                                 : label_.Caption();
+    const bool fits = LabelTextFits(Canvas(dc.Get(), Kept()), label_, ClientArea(Handle()));
+    return fits ? std::string() : OneLine(label_.Caption(), kLongestTip);
 }
 
 void LabelMirror::Paint() {
@@ -198,12 +204,14 @@ void TextBoxMirror::Make(HWND parent) {
     making.extendedStyle = WS_EX_CLIENTEDGE;
     making.parent = parent;
     MakeNative(WC_EDITW, making);
+    // Without this an edit field takes 30,000 characters.
+    SendMessageW(Handle(), EM_SETLIMITTEXT, kNoLimit, 0);
 }
 
 // While a person types, the window's text counts; it is written only where the state asks for another one.
 void TextBoxMirror::Apply() {
     ApplyText(box_.Text());
-    if (GetFocus() == Handle()) return;
+    if (!box_.TakeSelecting()) return;
     const std::size_t start = box_.SelectionStart();
     SendMessageW(Handle(), EM_SETSEL, start, static_cast<LPARAM>(start + box_.SelectionLength()));
 }
@@ -220,7 +228,7 @@ void TextBoxMirror::OnCommand(int code, int) {
 
 void ListBoxMirror::Make(HWND parent) {
     Making making;
-    making.style = kChild | WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT;
+    making.style = kChild | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT;
     making.extendedStyle = WS_EX_CLIENTEDGE;
     making.parent = parent;
     MakeNative(WC_LISTBOXW, making);
@@ -228,21 +236,40 @@ void ListBoxMirror::Make(HWND parent) {
 
 void ListBoxMirror::Apply() {
     if (shown_ != box_.Items()) {
-        SendMessageW(Handle(), WM_SETREDRAW, FALSE, 0);
-        SendMessageW(Handle(), LB_RESETCONTENT, 0, 0);
-        for (const std::string& item : box_.Items())
-            SendMessageW(Handle(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(item).c_str()));
-        SendMessageW(Handle(), WM_SETREDRAW, TRUE, 0);
-        InvalidateRect(Handle(), nullptr, TRUE);
+        ShowItems();
         shown_ = box_.Items();
     }
     if (SendMessageW(Handle(), LB_GETCURSEL, 0, 0) != box_.ListIndex())
         SendMessageW(Handle(), LB_SETCURSEL, static_cast<WPARAM>(box_.ListIndex()), 0);
 }
 
+void ListBoxMirror::ShowItems() {
+    SendMessageW(Handle(), WM_SETREDRAW, FALSE, 0);
+    SendMessageW(Handle(), LB_RESETCONTENT, 0, 0);
+    int widest = 0;
+    for (const std::string& item : box_.Items()) {
+        const std::wstring line = Wide(OneLine(item, kLongestLine));
+        SendMessageW(Handle(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
+        widest = std::max(widest, Kept().fonts.TextWidth(line, Weight::Regular));
+    }
+    SendMessageW(Handle(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + Kept().scale(8)), 0);
+    SendMessageW(Handle(), WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+/// Where the last click was: on a line, not below them all.
+bool ListBoxMirror::ClickedOnLine() const {
+    const DWORD place = GetMessagePos();
+    POINT point{static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))};
+    ScreenToClient(Handle(), &point);
+    const LRESULT hit = SendMessageW(Handle(), LB_ITEMFROMPOINT, 0, MAKELPARAM(point.x, point.y));
+    return HIWORD(hit) == 0;
+}
+
 void ListBoxMirror::OnCommand(int code, int) {
     if (code == LBN_SELCHANGE)
         box_.SetListIndex(static_cast<int>(SendMessageW(Handle(), LB_GETCURSEL, 0, 0)));
+    if (code == LBN_DBLCLK && ClickedOnLine()) Owner().Listener().LineChosen(box_);
 }
 
 }  // namespace dlv

@@ -103,6 +103,9 @@ protected:
     void OnCommand(int code, int id) override;
 
 private:
+    void ShowItems();
+    bool ClickedOnLine() const;
+
     ListBox& box_;
     std::vector<std::string> shown_;
 };

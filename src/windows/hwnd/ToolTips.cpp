@@ -4,6 +4,13 @@
 
 namespace dlv {
 
+namespace {
+
+/// Longer tips take several lines.
+constexpr int kWidest = 420;
+
+}  // namespace
+
 void ToolTips::Make(HWND parent) {
     Making making;
     making.style = WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX;
@@ -11,6 +18,8 @@ void ToolTips::Make(HWND parent) {
     making.parent = parent;
     making.place = {0, 0, 0, 0};
     MakeNative(TOOLTIPS_CLASSW, making);
+    SendMessageW(Handle(), TTM_SETMAXTIPWIDTH, 0,
+                 MulDiv(kWidest, static_cast<int>(GetDpiForWindow(parent)), USER_DEFAULT_SCREEN_DPI));
 }
 
 void ToolTips::Add(const Mirror& mirror) {

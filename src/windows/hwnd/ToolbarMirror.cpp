@@ -15,6 +15,13 @@ constexpr int kButtonWidth = 28;
 constexpr int kButtonHeight = 28;
 constexpr int kArrowRoom = 15;
 
+/// Arrow keys move inside the bar, and Enter presses a button of it, no default button of a dialog's.
+LRESULT GetDialogCode(LPARAM message) {
+    const auto* key = reinterpret_cast<const MSG*>(message);
+    const bool enter = key != nullptr && key->message == WM_KEYDOWN && key->wParam == VK_RETURN;
+    return DLGC_WANTARROWS | DLGC_WANTCHARS | (enter ? DLGC_WANTALLKEYS : 0);
+}
+
 }  // namespace
 
 void ToolbarMirror::Make(HWND parent) {
@@ -69,9 +76,68 @@ const Toolbar::Item* ToolbarMirror::ItemOf(int id) const {
     return id >= kFirstId && index < bar_.Items().size() ? &bar_.Items()[index] : nullptr;
 }
 
-void ToolbarMirror::Choose(int id) {
+void ToolbarMirror::Choose(int id, By by) {
     const Toolbar::Item* item = ItemOf(id);
-    if (item != nullptr && item->visible) Owner().Listener().ToolChosen(bar_, std::string(item->key));
+    if (item == nullptr || !item->visible) return;
+    std::optional<RECT> place;
+    if (by == By::Other) {
+        place.emplace();
+        SendMessageW(Handle(), TB_GETRECT, static_cast<WPARAM>(id), reinterpret_cast<LPARAM>(&*place));
+        MapWindowPoints(Handle(), HWND_DESKTOP, reinterpret_cast<POINT*>(&*place), 2);
+    }
+    Owner().Listener().ToolChosen(bar_, std::string(item->key), place);
+}
+
+bool ToolbarMirror::IsButton(int index) const {
+    const auto at = static_cast<std::size_t>(index);
+    return index >= 0 && at < shown_.size() && shown_[at] &&
+           bar_.Items()[at].style != Toolbar::Style::Separator;
+}
+
+/// From `index` on in steps of `step`; `index` again when there is no other button.
+int ToolbarMirror::Neighbour(int index, int step) const {
+    const int count = static_cast<int>(shown_.size());
+    for (int i = index + step; i >= 0 && i < count; i += step)
+        if (IsButton(i)) return i;
+    return index;
+}
+
+int ToolbarMirror::Marked() const { return IsButton(marked_) ? marked_ : Neighbour(-1, 1); }
+
+void ToolbarMirror::Mark(int index) {
+    marked_ = index;
+    SendMessageW(Handle(), TB_SETHOTITEM, static_cast<WPARAM>(index), 0);
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+// The system's bar has keys of its own on some versions only.
+bool ToolbarMirror::OnKey(UINT message, WPARAM key) {
+    const int marked = Marked();
+    if (!IsButton(marked)) return false;
+    const int id = kFirstId + marked;
+    const bool opens = bar_.Items()[static_cast<std::size_t>(marked)].style == Toolbar::Style::DropDown;
+    if (message == WM_SYSKEYDOWN && (key != VK_DOWN || !opens)) return false;
+    if (message == WM_CHAR) {
+        // Only now, since a character that is still to come would end a menu at once.
+        if (key == VK_SPACE || key == VK_RETURN) Choose(id, By::Other);
+        return true;
+    }
+    switch (key) {
+        case VK_LEFT:
+        case VK_UP: Mark(Neighbour(marked, -1)); return true;
+        case VK_RIGHT: Mark(Neighbour(marked, 1)); return true;
+        case VK_DOWN:
+            if (opens)
+                Choose(id, By::Other);
+            else
+                Mark(Neighbour(marked, 1));
+            return true;
+        case VK_HOME: Mark(Neighbour(-1, 1)); return true;
+        case VK_END: Mark(Neighbour(static_cast<int>(shown_.size()), -1)); return true;
+        case VK_SPACE:
+        case VK_RETURN: return true;
+        default: return false;
+    }
 }
 
 std::vector<ToolbarScreen::Tool> ToolbarMirror::Tools() const {
@@ -91,21 +157,28 @@ std::vector<ToolbarScreen::Tool> ToolbarMirror::Tools() const {
 
 LRESULT ToolbarMirror::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == kAccessAction) {
-        if (TakesInput(Handle())) Choose(static_cast<int>(wParam));
+        if (TakesInput(Handle())) Choose(static_cast<int>(wParam), By::Other);
         return 0;
     }
+    if (message == WM_GETDLGCODE) return GetDialogCode(lParam);
+    if ((message == WM_KEYDOWN || message == WM_SYSKEYDOWN || message == WM_CHAR) && OnKey(message, wParam))
+        return 0;
     const LRESULT result = Mirror::OnMessage(message, wParam, lParam);
+    if (Handle() == nullptr) return result;
+    if (message == WM_SETFOCUS) Mark(Marked());
     // The bar itself keeps the button marked that the keyboard was on.
-    if (message == WM_KILLFOCUS && Handle() != nullptr) Default(TB_SETHOTITEM, static_cast<WPARAM>(-1), 0);
+    if (message == WM_KILLFOCUS) Default(TB_SETHOTITEM, static_cast<WPARAM>(-1), 0);
     return result;
 }
 
-void ToolbarMirror::OnCommand(int, int id) { Choose(id); }
+void ToolbarMirror::OnCommand(int, int id) { Choose(id, By::Mouse); }
 
 LRESULT ToolbarMirror::OnNotify(NMHDR& header) {
     switch (header.code) {
         case NM_CUSTOMDRAW: return DrawButton(reinterpret_cast<const NMTBCUSTOMDRAW&>(header));
-        case TBN_DROPDOWN: Choose(reinterpret_cast<const NMTOOLBARW&>(header).iItem); return TBDDRET_DEFAULT;
+        case TBN_DROPDOWN:
+            Choose(reinterpret_cast<const NMTOOLBARW&>(header).iItem, By::Mouse);
+            return TBDDRET_DEFAULT;
         case TBN_GETINFOTIPW: {
             auto& tip = reinterpret_cast<NMTBGETINFOTIPW&>(header);
             const Toolbar::Item* item = ItemOf(tip.iItem);

@@ -31,12 +31,20 @@ private:
     std::vector<Tool> Tools() const override;
     void AddButtons();
     LRESULT DrawButton(const NMTBCUSTOMDRAW& draw);
-    void Choose(int id);
+    /// By mouse, or in a way that needs none.
+    enum class By { Mouse, Other };
+    void Choose(int id, By by);
+    bool OnKey(UINT message, WPARAM key);
+    /// The button with the keyboard, as an index; -1 for none.
+    int Marked() const;
+    void Mark(int index);
+    int Neighbour(int index, int step) const;
+    bool IsButton(int index) const;
     const Toolbar::Item* ItemOf(int id) const;
 
     Toolbar& bar_;
     std::vector<bool> shown_;
-    std::wstring toolTip_;
+    int marked_ = -1;
 };
 
 }  // namespace dlv

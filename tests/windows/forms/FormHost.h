@@ -105,7 +105,7 @@ public:
 private:
     void Clicked(Control& control) override;
     void TabChosen(TabStrip& tabs) override;
-    void ToolChosen(Toolbar& bar, const std::string& key) override;
+    void ToolChosen(Toolbar& bar, const std::string& key, const std::optional<RECT>& place) override;
     void GridPressed(OutlineGrid& grid, int button) override;
     void GridDoubleClicked(OutlineGrid& grid, int row, int column) override;
     void GridKeyPressed(OutlineGrid& grid, int key, bool shift) override;

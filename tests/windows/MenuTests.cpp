@@ -38,10 +38,14 @@ private:
     UINT_PTR timer_ = 0;
 };
 
-TEST(ProfileMenu, OpensAtItsButtonAndDoesWhatIsChosen) {
-    HostedControl control;
+void ShowFigures(HostedControl& control) {
     control.StartUp();
     ASSERT_EQ(Receive(control.Viewer(), SampleMessage().Get()), S_OK);
+}
+
+TEST(ProfileMenu, OpensAtItsButtonAndDoesWhatIsChosen) {
+    HostedControl control;
+    ShowFigures(control);
     int saved = 0;
     control.sink->On(5, [&](DISPPARAMS&) { ++saved; });
     {
@@ -59,10 +63,114 @@ TEST(ProfileMenu, OpensAtItsButtonAndDoesWhatIsChosen) {
     EXPECT_EQ(OpenMenu(), nullptr);
 }
 
+/// The host's list of all names, as the answer to a request.
+void AnswerNames(const HostedControl& control, const std::vector<std::wstring>& names) {
+    std::wstring list = L"<ProfileIDs>";
+    for (const std::wstring& name : names) list += L"<ProfileID>" + name + L"</ProfileID>";
+    ASSERT_EQ(AnswerProfiles(control.Viewer(), (list + L"</ProfileIDs>").c_str(), L"AddProfiles"), S_OK);
+}
+
+/// The inner menu of the one that is open.
+HMENU ProfilesIn(HWND menu) {
+    return GetSubMenu(reinterpret_cast<HMENU>(SendMessageW(menu, MN_GETHMENU, 0, 0)), 0);
+}
+
+TEST(ProfileMenu, ShowsEveryNameInOneLineAndAsksForItExactly) {
+    const std::wstring longName = L"L" + std::wstring(50000, L'o') + L"ng";
+    // As the menu has it, where two ampersands show one.
+    const struct {
+        std::wstring name;
+        std::wstring shown;
+    } names[] = {{L"a\tb", L"a\u2192b"},
+                 {L"Default", L"Default"},
+                 {longName, L"L" + std::wstring(52, L'o') + L"\u2026" + std::wstring(24, L'o') + L"ng"},
+                 {L"R&D && more", L"R&&D &&&& more"},
+                 {L"two\r\nlines", L"two\u00B6lines"},
+                 {L"\u05D0\u05D1 \u202E", L"\u05D0\u05D1 \u202E"}};
+    HostedControl control;
+    ShowFigures(control);
+    std::vector<std::wstring> list;
+    for (const auto& row : names) list.push_back(row.name);
+    AnswerNames(control, list);
+    std::wstring asked;
+    control.sink->On(3, [&](DISPPARAMS& parameters) {
+        _bstr_t name;
+        const ComPtr<_DLVParams> params = As<_DLVParams>(*parameters.rgvarg[0].ppdispVal);
+        params->get_ProfileName(name.GetAddress());
+        asked = name;
+    });
+    for (std::size_t i = 0; i < std::size(names); ++i) {
+        std::vector<WPARAM> keys(i, VK_DOWN);
+        keys.insert(keys.begin(), {VK_DOWN, VK_RIGHT});
+        keys.push_back(VK_RETURN);
+        const Person person({[&](HWND menu) {
+            wchar_t text[200] = {};
+            GetMenuStringW(ProfilesIn(menu), static_cast<UINT>(i), text, 200, MF_BYPOSITION);
+            EXPECT_EQ(text, names[i].shown);
+            return Person::Keys(keys)(menu);
+        }});
+        PressProfiles(control);
+        EXPECT_TRUE(asked == names[i].name) << "of the name in line " << i;
+    }
+}
+
+TEST(ProfileMenu, IsQuickWithTenThousandNamesAndGoesToALetter) {
+    HostedControl control;
+    ShowFigures(control);
+    std::vector<std::wstring> names;
+    for (int i = 0; i < 10000; ++i) names.push_back(L"Name " + std::to_wstring(i));
+    names.emplace_back(L"Zulu");
+    AnswerNames(control, names);
+    const auto pressed = std::chrono::steady_clock::now();
+    const Person person({[&](HWND menu) {
+        EXPECT_LT(std::chrono::steady_clock::now() - pressed, std::chrono::seconds(1));
+        EXPECT_EQ(GetMenuItemCount(ProfilesIn(menu)), 10002);
+        PostMessageW(menu, WM_KEYDOWN, VK_DOWN, 1);
+        PostMessageW(menu, WM_KEYDOWN, VK_RIGHT, 1);
+        PostMessageW(menu, WM_CHAR, 'z', 1);
+        return true;
+    }});
+    std::wstring asked;
+    control.sink->On(3, [&](DISPPARAMS&) { asked = L"something"; });
+    PressProfiles(control);
+    EXPECT_EQ(asked, L"something");
+    EXPECT_LT(std::chrono::steady_clock::now() - pressed, std::chrono::seconds(5));
+}
+
+TEST(ProfileMenu, StandsBelowItsButtonForTheKeyboard) {
+    HostedControl control;
+    ShowFigures(control);
+    const HWND bar = control.WindowOf(TOOLBARCLASSNAMEW);
+    RECT button{};
+    SendMessageW(bar, TB_GETITEMRECT, 3, reinterpret_cast<LPARAM>(&button));
+    MapWindowPoints(bar, nullptr, reinterpret_cast<POINT*>(&button), 2);
+    int saved = 0;
+    control.sink->On(5, [&](DISPPARAMS&) { ++saved; });
+    SetCursorPos(700, 500);
+    const struct {
+        UINT message;
+        WPARAM key;
+    } ways[] = {{WM_CHAR, VK_SPACE}, {WM_CHAR, VK_RETURN}, {WM_KEYDOWN, VK_DOWN}, {WM_SYSKEYDOWN, VK_DOWN}};
+    for (const auto& way : ways) {
+        const Person person({[&](HWND menu) {
+            RECT place{};
+            GetWindowRect(menu, &place);
+            EXPECT_EQ(place.left, button.left);
+            EXPECT_EQ(place.top, button.bottom);
+            // The first entry is marked already.
+            return Person::Keys({VK_DOWN, VK_RETURN})(menu);
+        }});
+        SetFocus(bar);
+        for (const WPARAM key : {VK_HOME, VK_RIGHT, VK_RIGHT}) SendMessageW(bar, WM_KEYDOWN, key, 1);
+        SendMessageW(bar, way.message, way.key, 1);
+        EXPECT_EQ(GetFocus(), bar);
+    }
+    EXPECT_EQ(saved, 4);
+}
+
 TEST(ProfileMenu, GoesWithAControlThatIsStopped) {
     HostedControl control;
-    control.StartUp();
-    ASSERT_EQ(Receive(control.Viewer(), SampleMessage().Get()), S_OK);
+    ShowFigures(control);
     static _DLViewer* viewer = nullptr;
     viewer = control.Viewer();
     const UINT_PTR timer = SetTimer(nullptr, 0, kEvery, [](HWND, UINT, UINT_PTR id, DWORD) {

@@ -131,7 +131,7 @@ Button* FormDialog::ButtonFor(WORD id) const {
 // Enter and Esc, and the closing of the window, which counts as Esc. They may be quicker than the timer that
 // enables the button.
 void FormDialog::Press(WORD id) {
-    form_.Tick();
+    if (interval_ > 0) form_.Tick();
     Button* const button = ButtonFor(id);
     if (button != nullptr && button->Enabled())
         form_.Click(*button);
@@ -167,7 +167,7 @@ LRESULT FormDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     switch (message) {
         case WM_COMMAND:
-            if (!Reflect(message, wParam, lParam, result)) Press(LOWORD(wParam));
+            if (!Reflect(message, wParam, lParam, result) && wParam <= IDCANCEL) Press(LOWORD(wParam));
             break;
         case WM_NOTIFY:
             if (!Reflect(message, wParam, lParam, result)) return Default(message, wParam, lParam);

@@ -92,6 +92,13 @@ TEST(Trim, TakesBlanksOnly) {
     EXPECT_EQ(Trim(""), "");
 }
 
+TEST(OneLine, ShowsWhatALineCannotHoldAndShortensInTheMiddle) {
+    EXPECT_EQ(OneLine("a\tb\r\nc\nd\x01", 80), "a\u2192b\u00B6c\u00B6d\uFFFD");
+    EXPECT_EQ(OneLine("R&D \u05D0", 80), "R&D \u05D0");
+    EXPECT_EQ(OneLine("123456789", 9), "123456789");
+    EXPECT_EQ(OneLine("\u00E1234567890", 9), "\u00E12345\u2026890");
+}
+
 TEST(SkipCharacters, CountsCodePoints) {
     EXPECT_EQ(SkipCharacters("_é😀x", 1), "é😀x");
     EXPECT_EQ(SkipCharacters("_é😀x", 3), "x");

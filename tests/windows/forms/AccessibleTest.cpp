@@ -199,7 +199,7 @@ TEST_F(AccessibleTest, ControlsWithoutATextAreNamedByTheLabelBeforeThem) {
     EXPECT_EQ(bar->accDoDefaultAction(Id(1)), S_OK);
     EXPECT_TRUE(shown.done.empty()) << "not while the reader waits";
     shown.Paint();
-    EXPECT_EQ(shown.done, std::vector<std::string>{"tool SaveGrid"});
+    EXPECT_EQ(shown.done, std::vector<std::string>{"tool without mouse SaveGrid"});
 }
 
 TEST_F(AccessibleTest, AScriptReadsByNames) {

@@ -108,6 +108,44 @@ TEST_F(DialogTest, ShowsItsControlsAndFocusesTheFirst) {
     EXPECT_EQ(host.modeless, (std::vector<Modeless>{Modeless::Disabled, Modeless::Enabled}));
 }
 
+TEST_F(DialogTest, AFieldTakesAnyLengthAndIsSelectedWhenItIsAskedToBe) {
+    AtOnce(form, [&](HWND dialog) {
+        const HWND field = GetFocus();
+        const std::wstring text(100000, L'x');
+        SendMessageW(field, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()));
+        EXPECT_EQ(form.text.Text().size(), text.size());
+        SendMessageW(field, EM_SETSEL, 5, 5);
+        host.Window([&] { form.text.Select(0, text.size()); });
+        SendMessageW(dialog, WM_COMMAND, 12345, 0);
+        DWORD start = 1;
+        DWORD end = 0;
+        SendMessageW(field, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+        EXPECT_EQ(start, 0u);
+        EXPECT_EQ(end, text.size());
+        PostMessageW(dialog, WM_CLOSE, 0, 0);
+    });
+    Show();
+}
+
+TEST_F(DialogTest, ADoubleClickOnALinePressesTheDefaultButton) {
+    AtOnce(form, [](HWND dialog) {
+        const HWND list = FindWindowExW(dialog, nullptr, L"ListBox", nullptr);
+        RECT line{};
+        SendMessageW(list, LB_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&line));
+        const POINT point = Middle(line);
+        POINT onScreen = point;
+        ClientToScreen(list, &onScreen);
+        SetCursorPos(onScreen.x, onScreen.y);
+        PostMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(point.x, point.y));
+        PostMessageW(list, WM_LBUTTONUP, 0, MAKELPARAM(point.x, point.y));
+        PostMessageW(list, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(point.x, point.y));
+        PostMessageW(list, WM_LBUTTONUP, 0, MAKELPARAM(point.x, point.y));
+    });
+    Show();
+    EXPECT_EQ(form.list.ListIndex(), 1);
+    EXPECT_EQ(form.done, "text tick list ok ");
+}
+
 struct KeyCase {
     const char* name;
     WPARAM key;

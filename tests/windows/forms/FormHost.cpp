@@ -82,7 +82,7 @@ void ShownForm::Clicked(Control& control) {
 void ShownForm::TabChosen(TabStrip& tabs) { done.push_back("tab " + std::to_string(tabs.SelectedTab())); }
 
 void ShownForm::ToolChosen(Toolbar&, const std::string& key, const std::optional<RECT>& place) {
-    done.push_back((place ? "tool by key " : "tool ") + key);
+    done.push_back((place ? "tool without mouse " : "tool ") + key);
 }
 
 void ShownForm::GridPressed(OutlineGrid&, int button) { done.push_back("press " + std::to_string(button)); }

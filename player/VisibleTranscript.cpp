@@ -107,6 +107,7 @@ int RowOfStep(const Json& step, const OutlineGrid& grid) {
 std::optional<std::string> WhyLeftOut(const Json& step, DLViewer& viewer) {
     const std::string op = step["op"];
     if (IsMenuStep(op)) return WhyNoLine(step, viewer);
+    if (op == "saveGrid" || op == "printGrid") return "files and paper are not on the screen";
     const bool node = op == "collapse" || op == "expand";
     if (!node && op != "dblclick" && op != "enter") {
         const int index = step.value("index", 0);

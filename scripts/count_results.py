@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Counts what a ctest run gave: count_results.py BUILD_FOLDER.
+"""Counts what a ctest run gave: count_results.py BUILD_FOLDER CTEST_FILE.
 
-Reads the JUnit file of ctest (results/ctest.xml) and, beside it, the XML that each GoogleTest program wrote. A
+Reads that JUnit file of ctest in the folder results and, beside it, the XML that each GoogleTest program wrote. A
 program that did not run, crashed, hung or leaked counts as a failure, and so does every skipped test. Prints each
 failure and closes with "N passed, N failed".
 """
@@ -54,7 +54,7 @@ def counts_of(case, results):
 def main():
     results = Path(sys.argv[1]) / "results"
     try:
-        cases = list(ElementTree.parse(results / "ctest.xml").getroot().iter("testcase"))
+        cases = list(ElementTree.parse(results / sys.argv[2]).getroot().iter("testcase"))
     except (OSError, ElementTree.ParseError) as error:
         cases = []
         print(f"no results: {error}")

@@ -37,15 +37,39 @@ build_runner() {
     fi
 }
 
-# Runs every test program of a build: ctest_runner PRESET JOBS
+# Runs test programs of a build: ctest_runner PRESET JOBS NAME [ctest's choice of programs...]; NAME tells runs of the
+# same build apart.
 ctest_runner() {
-    local build=$state/$1
-    rm -rf "$build/results"
+    local build=$state/$1 jobs=$2 name=$3
+    shift 3
     mkdir -p "$build/results"
     # Closed so that a Wine server started by a test cannot hold the lock of its users.
-    timeout -k 20 900 ctest --test-dir "$build" --parallel "$2" --output-on-failure --no-tests=error \
-        --output-junit "$build/results/ctest.xml" 8>&- || true
-    python3 "$root/scripts/count_results.py" "$build"
+    timeout -k 20 900 ctest --test-dir "$build" --parallel "$jobs" --output-on-failure --no-tests=error "$@" \
+        --output-junit "$build/results/ctest-$name.xml" 8>&- || true
+    python3 "$root/scripts/count_results.py" "$build" "ctest-$name.xml"
+}
+
+# Runs a kind of tests beside what follows, which goes first where both want the processor: beside KIND. What it says
+# and counts is taken over by join_beside.
+beside() {
+    mkdir -p "$state/logs"
+    rm -f "$state/logs/beside.counts"
+    (
+        renice -n 10 -p "$BASHPID" >/dev/null
+        allPassed=0 allFailed=0
+        "$@"
+        echo "$allPassed $allFailed" >"$state/logs/beside.counts"
+    ) >"$state/logs/beside.log" 2>&1 </dev/null &
+    besidePid=$!
+}
+
+join_beside() {
+    local passed=0 failed=1
+    wait "$besidePid" || true
+    cat "$state/logs/beside.log"
+    [[ ! -s $state/logs/beside.counts ]] || read -r passed failed <"$state/logs/beside.counts"
+    allPassed=$((allPassed + passed))
+    allFailed=$((allFailed + failed))
 }
 
 reference_runner() {
@@ -63,21 +87,32 @@ binary_runner() {
     timeout -k 20 120 python3 "$root/tests/checks/binary.py" "$root" "$state/win$1" "$1"
 }
 
+# Runs Windows test programs on a display and in a prefix of their own: windows_runner NAME USE [ctest's choice...]
 windows_runner() {
-    display_begin && wine_begin || return 1
+    local name=$1 use=$2
+    shift 2
+    display_begin && wine_begin 96 "$use" || return 1
     trap 'wine_end; display_end' EXIT
-    ctest_runner win64 1
+    ctest_runner win64 1 "$name" "$@"
 }
 
 test_native() {
+    rm -rf "$state/sanitize/results"
     run_runner "native build" build_runner sanitize
-    run_runner "native tests" ctest_runner sanitize "$(nproc)"
+    run_runner "native tests" ctest_runner sanitize "$(nproc)" all
 }
 test_reference() { run_runner "reference model" reference_runner; }
 test_checks() { run_runner "checks" checks_runner; }
+# What takes long and needs nobody's hands stands beside the tests that type and click.
 test_windows() {
+    rm -rf "$state/win64/results"
     run_runner "64-bit build" build_runner win64
-    run_runner "64-bit tests" windows_runner
+    beside test_beside_windows
+    run_runner "64-bit tests" windows_runner hands "" --exclude-regex '^(hostile|soak)'
+    join_beside
+}
+test_beside_windows() {
+    run_runner "hostile and soak" windows_runner long long --tests-regex '^(hostile|soak)'
     run_runner "64-bit control" binary_runner 64
     run_runner "32-bit build" build_runner win32
     run_runner "32-bit control" binary_runner 32

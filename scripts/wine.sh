@@ -77,7 +77,7 @@ display_is_there() {
 }
 
 display_begin() {
-    local numberFile="$state/wine/display.$$" waited=0
+    local numberFile="$state/wine/display.$BASHPID" waited=0
     mkdir -p "$state/wine"
     : >"$numberFile"
     Xvfb -displayfd 3 -screen 0 3840x2400x24 -dpi 96 -nolisten tcp -noreset \

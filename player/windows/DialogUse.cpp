@@ -13,6 +13,8 @@ namespace {
 constexpr wchar_t kDialogClass[] = L"#32770";
 /// How long a button may take, in milliseconds, to be enabled or disabled after what was typed or chosen.
 constexpr ULONGLONG kPatience = 400;
+/// How long a dialog may take, in milliseconds, to go: then its key or click was lost on the way.
+constexpr ULONGLONG kLongestGoing = 2000;
 
 /// The dialog that waits for a person on this thread; null when none does.
 HWND OpenDialog() {
@@ -105,7 +107,7 @@ void DialogUse::Tick() {
         case Next::Entry: return TakeEntry(*dialog);
         case Next::Fill: return Fill(*dialog);
         case Next::Press: return Press(*dialog);
-        case Next::Nothing: return;
+        case Next::Leave: return Leave(*dialog);
     }
 }
 
@@ -128,7 +130,9 @@ void DialogUse::Meet(HWND window) {
                        {"prompt", labels.empty() ? "" : labels.front()},
                        {"title", TextOf(window)}});
     } else {
-        dialog.next = Next::Nothing;
+        dialog.next = Next::Leave;
+        // Not before the host's calls have been made that belong to it.
+        dialog.since = ~ULONGLONG{0};
         met_.push_back(std::move(dialog));
         MeetMessage(window, labels);
     }
@@ -144,8 +148,7 @@ void DialogUse::MeetMessage(HWND window, const std::vector<std::string>& labels)
         happened_("#error", {{"error", std::stoi(labels[kNumber])},
                              {"location", labels[kLocation]},
                              {"description", labels[kDescription]}});
-        if (IsWindow(window)) Hand::PressForNext(VK_RETURN);
-        return;
+        return LeaveFrom(window, [] { Hand::PressForNext(VK_RETURN); });
     }
     const HWND answer = GetDlgItem(window, confirm_ ? IDYES : IDNO);
     const bool asks = answer != nullptr && IsWindowVisible(answer);
@@ -153,9 +156,24 @@ void DialogUse::MeetMessage(HWND window, const std::vector<std::string>& labels)
                    {"buttons", asks ? "yesno" : "ok"},
                    {"title", TextOf(window)}});
     if (asks)
-        hand_.ClickForNext(Hand::MiddleOf(answer));
+        LeaveFrom(window, [this, answer] { hand_.ClickForNext(Hand::MiddleOf(answer)); });
     else
-        Hand::PressForNext(VK_RETURN);
+        LeaveFrom(window, [] { Hand::PressForNext(VK_RETURN); });
+}
+
+// Dialogs may have come and gone meanwhile.
+void DialogUse::LeaveFrom(HWND window, std::function<void()> leave) {
+    const auto dialog = std::ranges::find(met_, window, &Dialog::window);
+    if (dialog == met_.end() || !IsWindow(window)) return;
+    dialog->leave = std::move(leave);
+    dialog->since = 0;
+    Leave(*dialog);
+}
+
+void DialogUse::Leave(Dialog& dialog) {
+    if (GetTickCount64() < dialog.since) return;
+    dialog.since = GetTickCount64() + kLongestGoing;
+    dialog.leave();
 }
 
 // A name is put into the box, or chosen in the list, once a click has brought the keys there.
@@ -163,8 +181,9 @@ void DialogUse::TakeEntry(Dialog& dialog) {
     // A list that opens from inside another one goes on with the same script.
     Json& script = dialog.kind == Kind::Name ? dialog.script : actions_;
     if (script.empty()) {
-        dialog.next = Next::Nothing;
-        return Hand::PressForNext(VK_ESCAPE);
+        dialog.next = Next::Leave;
+        dialog.since = 0;
+        return Leave(dialog);
     }
     dialog.entry = TakeFirst(script);
     HWND filled = nullptr;

@@ -27,14 +27,17 @@ public:
 
 private:
     enum class Kind { Message, Name, Profiles };
-    enum class Next { Entry, Fill, Press, Nothing };
+    enum class Next { Entry, Fill, Press, Leave };
     struct Dialog {
         HWND window = nullptr;
         Kind kind = Kind::Message;
         Next next = Next::Entry;
         Json entry;
         Json script;
+        /// When its last button or box was used; when it is left, before when not to try again.
         ULONGLONG since = 0;
+        /// What closes it when nothing more is to be done in it.
+        std::function<void()> leave = [] { Hand::PressForNext(VK_ESCAPE); };
     };
 
     void Meet(HWND window);
@@ -42,6 +45,9 @@ private:
     void TakeEntry(Dialog& dialog);
     void Fill(Dialog& dialog);
     void Press(Dialog& dialog);
+    void LeaveFrom(HWND window, std::function<void()> leave);
+    /// Again, when it takes long.
+    static void Leave(Dialog& dialog);
 
     Hand& hand_;
     std::function<void(const std::string&, Json)> happened_;

@@ -87,10 +87,15 @@ void Hand::TypeForNext(const std::string& text) {
     }
 }
 
+// On a busy machine a timer is due again as soon as its message has been handled: those alone do not count as
+// something that waits.
 void Hand::Settle() {
+    constexpr int kTimersInARow = 3;
     MSG message;
     do {
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        for (int timers = 0;
+             timers < kTimersInARow && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE;) {
+            timers = message.message == WM_TIMER ? timers + 1 : 0;
             if (translate_(message)) continue;
             TranslateMessage(&message);
             DispatchMessageW(&message);

@@ -187,9 +187,15 @@ float Rate(double count, double hours) {
     return rate == 0 ? 0 : rate;
 }
 
+void AppendWhole(std::string& text, std::int64_t value) {
+    char digits[24];
+    text.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
+}
+
 std::string WholeText(std::int64_t value) {
-    char text[24];
-    return {text, std::to_chars(text, text + sizeof text, value).ptr};
+    std::string text;
+    AppendWhole(text, value);
+    return text;
 }
 
 std::string SingleText(float value) {

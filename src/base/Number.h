@@ -30,6 +30,7 @@ float Rate(double count, double hours);
 
 /// Plain whole number, without separators.
 std::string WholeText(std::int64_t value);
+void AppendWhole(std::string& text, std::int64_t value);
 
 /// The fewest digits that give the single-precision value back, in plain notation with a point.
 std::string SingleText(float value);

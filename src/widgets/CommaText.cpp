@@ -23,7 +23,9 @@ void WriteCommaText(const OutlineGrid& grid, OutputFile& file) {
     for (int row = 0; row < grid.Rows(); ++row) {
         for (int column = 0; column < grid.Columns(); ++column) {
             if (column > 0) piece += ',';
-            AppendField(piece, grid.CellText(row, column), ',');
+            const std::size_t begin = piece.size();
+            grid.AppendCell(row, column, piece);
+            QuoteField(piece, begin, ',');
         }
         piece += "\r\n";
         if (piece.size() >= kPiece) write();

@@ -23,17 +23,21 @@ void AppendRow(std::string& text, const std::vector<int>& columns, TextOf&& text
 }  // namespace
 
 void AppendField(std::string& text, std::string_view field, char separator) {
-    const char special[] = {separator, '\r', '\n', '"', '\0'};
-    if (field.find_first_of(special) == std::string_view::npos) {
-        text += field;
-        return;
+    const std::size_t begin = text.size();
+    text += field;
+    QuoteField(text, begin, separator);
+}
+
+void QuoteField(std::string& text, std::size_t begin, char separator) {
+    const auto special = [separator](char c) { return c == separator || c == '"' || c == '\r' || c == '\n'; };
+    const auto first = text.begin() + static_cast<std::ptrdiff_t>(begin);
+    if (std::none_of(first, text.end(), special)) return;
+    std::string quoted = "\"";
+    for (auto at = first; at != text.end(); ++at) {
+        if (*at == '"') quoted += '"';
+        quoted += *at;
     }
-    text += '"';
-    for (const char c : field) {
-        if (c == '"') text += '"';
-        text += c;
-    }
-    text += '"';
+    text.replace(begin, std::string::npos, quoted += '"');
 }
 
 int LastOfCaption(const OutlineGrid& grid, int row, int column) {

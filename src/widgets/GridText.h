@@ -24,6 +24,8 @@ int LastOfCaption(const OutlineGrid& grid, int row, int column);
 /// Appends one field of separated text: in quotation marks when it holds the separator, a quotation mark or a
 /// line end.
 void AppendField(std::string& text, std::string_view field, char separator);
+/// The same for a field that was appended at `begin` already.
+void QuoteField(std::string& text, std::size_t begin, char separator);
 
 enum class Headings { Without, With };
 /// The selected cells that are displayed, as tab-separated text with a CR LF behind each row: what

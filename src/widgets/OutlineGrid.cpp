@@ -129,14 +129,19 @@ void OutlineGrid::RemoveRows(const std::vector<bool>& marks) {
     Restructured();
 }
 
-std::string OutlineGrid::TextOf(const Cell& cell) const {
+void OutlineGrid::Append(const Cell& cell, std::string& text) const {
     switch (cell.kind) {
-        case Cell::Kind::Empty: return {};
-        case Cell::Kind::Whole: return WholeText(cell.whole);
-        case Cell::Kind::Single: return SingleText(cell.single);
-        case Cell::Kind::Text: return texts_[cell.text];
+        case Cell::Kind::Empty: return;
+        case Cell::Kind::Whole: return AppendWhole(text, cell.whole);
+        case Cell::Kind::Single: text += SingleText(cell.single); return;
+        case Cell::Kind::Text: text += texts_[cell.text]; return;
     }
-    return {};
+}
+
+std::string OutlineGrid::TextOf(const Cell& cell) const {
+    std::string text;
+    Append(cell, text);
+    return text;
 }
 
 std::string OutlineGrid::CellText(int row, int column) const { return TextOf(At(row, column)); }

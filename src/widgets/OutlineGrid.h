@@ -44,6 +44,8 @@ public:
 
     /// Error 9 outside the grid, as for every cell and row below.
     std::string CellText(int row, int column) const;
+    /// Appends the cell's text: for whoever reads very many.
+    void AppendCell(int row, int column, std::string& text) const { Append(At(row, column), text); }
     void SetText(int row, int column, std::string_view text);
     void SetWhole(int row, int column, std::int64_t value);
     /// A rate: shown with the fewest digits that give the value back.
@@ -199,6 +201,7 @@ private:
     std::uint32_t NewSlot();
     void Restructured();
     void DropUnusedTexts();
+    void Append(const Cell& cell, std::string& text) const;
     std::string TextOf(const Cell& cell) const;
     void IndexRows() const;
     std::string DataOf(int row) const { return row < Rows() ? RowData(row) : std::string(); }

@@ -63,7 +63,7 @@ def counts():
             (results / "ctest.xml").write_text(f"<testsuite>{case}</testsuite>")
             if own:
                 (results / "t.xml").write_text(own)
-            done = subprocess.run([sys.executable, COUNT, folder], capture_output=True, text=True)
+            done = subprocess.run([sys.executable, COUNT, folder, "ctest.xml"], capture_output=True, text=True)
         last = done.stdout.strip().split("\n")[-1]
         right = last == expected and (done.returncode == 0) == expected.endswith(" 0 failed")
         yield right, f"{case!r} counted as {last!r}, not {expected!r}"

@@ -40,7 +40,7 @@ Json FieldsOf(const DLVParams& params) {
         {"ResultXML", &params.ResultXML}};
     for (const auto& [name, text] : texts)
         if (!text->empty()) fields[name] = *text;
-    if (!params.ProfilesXML.empty()) fields["ProfilesXML"] = ProfileSetTranscript(params.ProfilesXML);
+    if (!params.ProfilesXML.empty()) fields["ProfilesXML"] = params.ProfilesXML;
     return fields;
 }
 
@@ -67,14 +67,21 @@ void ScriptedHost::Happened(const std::string& name) {
     makeStep_(step);
 }
 
+void ScriptedHost::EventHappened(const std::string& name, const Json& fields) {
+    Json told = fields;
+    if (told.contains("ProfilesXML")) told["ProfilesXML"] = ProfileSetTranscript(told["ProfilesXML"]);
+    Log({{"event", name}, {"fields", std::move(told)}});
+    if (watcher_ != nullptr) watcher_->EventBegins(name, fields);
+    Happened(name);
+    if (watcher_ != nullptr) watcher_->EventEnds();
+}
+
 void ScriptedHost::PostRequest(const std::string& request) {
-    Log({{"event", "PostRequest"}, {"fields", {{"Params", request}}}});
-    Happened("PostRequest");
+    EventHappened("PostRequest", {{"Params", request}});
 }
 
 void ScriptedHost::Raise(HostEvent event, const DLVParams& params) {
-    Log({{"event", EventName(event)}, {"fields", FieldsOf(params)}});
-    Happened(EventName(event));
+    EventHappened(EventName(event), FieldsOf(params));
 }
 
 double ScriptedHost::TextWidth(std::string_view text, bool) {

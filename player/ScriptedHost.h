@@ -23,6 +23,18 @@ public:
     std::optional<std::string> LanguageID() override { return std::nullopt; }
 };
 
+/// Hears of the host's calls and the control's events while they are under way.
+class SessionWatcher {
+public:
+    virtual ~SessionWatcher() = default;
+
+    virtual void CallBegins(const Json& step) = 0;
+    virtual void CallEnds(bool failed) = 0;
+    /// Unlike in a transcript, documents are texts.
+    virtual void EventBegins(const std::string& name, const Json& fields) = 0;
+    virtual void EventEnds() = 0;
+};
+
 class ScriptedHost : public Platform, public HostEvents {
 public:
     /// `makeStep` plays a host step inside an event.
@@ -39,6 +51,9 @@ public:
         width_ = width;
         height_ = height;
     }
+    /// `watcher`, which may be null, outlives the host.
+    void SetWatcher(SessionWatcher* watcher) { watcher_ = watcher; }
+    SessionWatcher* Watcher() const { return watcher_; }
     void SetLanguage(std::string language) { language_ = std::move(language); }
 
     void PostRequest(const std::string& request) override;
@@ -66,10 +81,12 @@ public:
 
 private:
     void Happened(const std::string& name);
+    void EventHappened(const std::string& name, const Json& fields);
     void WorkNewProfile(frmNewProfile& form);
     void WorkProfiles(frmProfiles& form);
 
     std::function<void(const Json& step)> makeStep_;
+    SessionWatcher* watcher_ = nullptr;
     Json log_ = Json::array();
     Json inline_ = Json::array();
     Json dialog_ = Json::array();

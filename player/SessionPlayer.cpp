@@ -66,7 +66,10 @@ void SessionPlayer::Make(const Json& step) {
         if (!viewer_->Stopped()) MakeUserAction(step);
         return;
     }
-    if (IgnoreErrors([&] { MakeHostCall(step); }) == Outcome::Failed) host_.Log({{"comError", op}});
+    if (host_.Watcher() != nullptr) host_.Watcher()->CallBegins(step);
+    const bool failed = IgnoreErrors([&] { MakeHostCall(step); }) == Outcome::Failed;
+    if (failed) host_.Log({{"comError", op}});
+    if (host_.Watcher() != nullptr) host_.Watcher()->CallEnds(failed);
 }
 
 void SessionPlayer::MakeHostCall(const Json& step) {

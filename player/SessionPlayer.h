@@ -25,6 +25,9 @@ public:
     /// The transcript entry of one step, which has passed the check of `ReadSteps`.
     Json Play(const Json& step);
 
+    /// Tells of calls and events also while they are under way.
+    void SetWatcher(SessionWatcher* watcher) { host_.SetWatcher(watcher); }
+
     /// Once the session's "create" was played.
     DLViewer& Viewer();
     /// Nothing for a step that will be made.

@@ -32,8 +32,9 @@ int CellOf(const OutlineGrid& grid, int column) {
 
 WindowsPlayer* WindowsPlayer::current_ = nullptr;
 
-WindowsPlayer::WindowsPlayer()
-    : library_(container::BesideProgram(L"DashlonViewer.manifest")),
+WindowsPlayer::WindowsPlayer(Proxy proxy)
+    : proxy_(std::move(proxy)),
+      library_(container::BesideProgram(L"DashlonViewer.manifest")),
       window_(MakeWindow()),
       hand_([this](MSG& message) { return container_ && container_->TranslateKey(message); }),
       dialogs_(hand_, [this](const std::string& name, Json entry) { Happened(name, std::move(entry)); }),
@@ -79,8 +80,11 @@ void WindowsPlayer::Create() {
     sink_ = container::Make<container::EventSink>();
     ListenTo(*sink_.Get(), [this](const std::string& name, Json entry) { Happened(name, std::move(entry)); });
     const container::ComPtr<IUnknown> control = library_.Create(L"DashlonViewer.DLViewer");
-    if (!control || FAILED(control.As(&viewer_)) ||
-        FAILED(sink_->Connect(control.Get(), __uuidof(__DLViewer))) ||
+    if (control && proxy_)
+        viewer_ = proxy_(*control.Get());
+    else if (control)
+        control.As(&viewer_);
+    if (!control || !viewer_ || FAILED(sink_->Connect(viewer_.Get(), __uuidof(__DLViewer))) ||
         FAILED(container_->Insert(control.Get())) || FAILED(container_->ActivateUI()))
         throw SessionError("the control cannot be shown");
     SetForegroundWindow(window_);
@@ -195,8 +199,8 @@ void WindowsPlayer::UseGrid(const Json& step) {
     if (index > 0 && index - 1 != display) hand_.Click(Shown().Option(2 + display));
 }
 
-std::string PlayOnScreen(const Json& steps) {
-    WindowsPlayer player;
+std::string PlayOnScreen(const Json& steps, WindowsPlayer::Proxy proxy) {
+    WindowsPlayer player(std::move(proxy));
     return WholeTranscript(steps, [&](const Json& step) { return player.Play(step); });
 }
 

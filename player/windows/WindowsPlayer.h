@@ -4,6 +4,7 @@
 // the steps name.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "hosts/container/Container.h"
@@ -18,7 +19,10 @@ namespace dlv::player {
 
 class WindowsPlayer {
 public:
-    WindowsPlayer();
+    /// Gives the host of a control something to use in its place.
+    using Proxy = std::function<container::ComPtr<_DLViewer>(IUnknown& control)>;
+
+    explicit WindowsPlayer(Proxy proxy = {});
     ~WindowsPlayer();
     WindowsPlayer(const WindowsPlayer&) = delete;
     WindowsPlayer& operator=(const WindowsPlayer&) = delete;
@@ -41,6 +45,7 @@ private:
 
     static WindowsPlayer* current_;
 
+    const Proxy proxy_;
     container::Library library_;
     HWND window_;
     std::unique_ptr<container::Container> container_;
@@ -60,6 +65,6 @@ private:
 
 /// The visible transcript of a session, one step a line. Throws SessionError when the control cannot be
 /// shown.
-std::string PlayOnScreen(const Json& steps);
+std::string PlayOnScreen(const Json& steps, WindowsPlayer::Proxy proxy = {});
 
 }  // namespace dlv::player

@@ -57,6 +57,24 @@ TEST_F(PlayProgram, SpeaksALanguageWhenAskedTo) {
     EXPECT_EQ(nlohmann::json::parse(run.output)[1]["changed"]["status"]["key"], "Aguardando dados ...");
 }
 
+TEST_F(PlayProgram, ComparesWithTheEventsThatWereRecorded) {
+    const auto check = [&](const std::string& events) {
+        return PlaySession(R"({"steps": [{"op": "create"}, {"op": "initialize"}, {"op": "initialize"}, )"
+                           R"({"op": "setSessionBUIDList", "ids": ["1"]}], )" +
+                               events + "}",
+                           "--check");
+    };
+    const std::string list = R"({"step": 4, "fields": {}, "event": "GetProfileList"})";
+    const std::string failed = R"({"step": 3, "comError": "initialize"})";
+    EXPECT_EQ(check("\"events\": [" + failed + ", " + list + "]").status, 0);
+    const Outcome other = check("\"events\": [" + list + "]");
+    EXPECT_EQ(other.status, 1);
+    EXPECT_NE(other.output.find("step 3, initialize"), std::string::npos) << other.output;
+    EXPECT_EQ(other.output.find("step 4"), std::string::npos) << other.output;
+    EXPECT_EQ(check("\"notes\": []").status, 2);
+    EXPECT_EQ(check("\"events\": [4]").status, 2);
+}
+
 TEST_F(PlayProgram, FailsWithStatusTwoAndAReason) {
     const Outcome runs[] = {PlaySession("nonsense"), PlaySession(R"([{"op": "create"}, {"op": "fly"}])"),
                             PlaySession("[]", "--language FR"), Play("/no/such/session.json"), Play("")};

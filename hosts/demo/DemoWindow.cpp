@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "hosts/demo/workday/DayMessages.h"
 #include "hosts/demo/workday/DayRecords.h"
+#include "hosts/recorder/RecordingControl.h"
 #include "windows/com/Strings.h"
 
 namespace dlv::demo {
@@ -41,11 +42,13 @@ const wchar_t* const kLanguageNames[kLanguages] = {L"English", L"Portugu\u00EAs"
 }  // namespace
 
 DemoWindow::DemoWindow(const Options& options, std::unique_ptr<ControlHolder> holder,
-                       std::shared_ptr<container::Recorder> recorder)
+                       std::shared_ptr<container::Recorder> calls,
+                       std::shared_ptr<recorder::SessionRecorder> session)
     : options_(options),
       holder_(std::move(holder)),
       profiles_(PathOf(options.profilesFolder)),
-      session_(profiles_, *this, std::move(recorder)),
+      session_(profiles_, *this, std::move(calls)),
+      recorder_(std::move(session)),
       seed_(options.seed),
       language_(options.language) {
     StartDay();
@@ -99,7 +102,13 @@ bool DemoWindow::StartControl(Language language, const std::string& profile) {
         Complain("The control cannot be made: " + std::to_string(opened));
         return false;
     }
-    if (!session_.Start(*holder_->Control(), language, profile)) return false;
+    container::ComPtr<IUnknown> control = holder_->Control();
+    if (recorder_) {
+        container::ComPtr<_DLViewer> recording =
+            container::Make<recorder::RecordingControl>(*control.Get(), recorder_);
+        control = recording;
+    }
+    if (!session_.Start(*control.Get(), language, profile)) return false;
     // In a picture the focus is nowhere.
     if (options_.mode != Options::Mode::Pictures) holder_->Focus();
     const UINT milliseconds = options_.mode == Options::Mode::Pictures

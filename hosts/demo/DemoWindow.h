@@ -16,14 +16,16 @@
 #include "hosts/demo/Options.h"
 #include "hosts/demo/ViewerSession.h"
 #include "hosts/demo/workday/WorkingDay.h"
+#include "hosts/recorder/SessionRecorder.h"
 
 namespace dlv::demo {
 
 class DemoWindow final : private SessionListener {
 public:
-    /// The recorder, if any, writes the session's calls down.
+    /// The recorders, if any, write the calls down and record the session.
     DemoWindow(const Options& options, std::unique_ptr<ControlHolder> holder,
-               std::shared_ptr<container::Recorder> recorder = {});
+               std::shared_ptr<container::Recorder> calls = {},
+               std::shared_ptr<recorder::SessionRecorder> session = {});
     ~DemoWindow() override;
     DemoWindow(const DemoWindow&) = delete;
     DemoWindow& operator=(const DemoWindow&) = delete;
@@ -73,6 +75,7 @@ private:
     std::unique_ptr<ControlHolder> holder_;
     ProfileStore profiles_;
     ViewerSession session_;
+    const std::shared_ptr<recorder::SessionRecorder> recorder_;
     std::unique_ptr<WorkingDay> day_;
     /// As it was when the control was last sent figures: they are what it asks about.
     std::optional<WorkingDay> sentDay_;

@@ -6,9 +6,9 @@
 
 #include <cstdio>
 #include <exception>
-#include <filesystem>
 #include <fstream>
 #include <memory>
+#include <stdexcept>
 #include <vector>
 
 #include "hosts/container/Library.h"
@@ -16,6 +16,7 @@
 #include "hosts/demo/PictureRun.h"
 #include "hosts/demo/PlainHolder.h"
 #include "hosts/demo/Smoke.h"
+#include "hosts/demo/workday/SharedFile.h"
 #include "windows/com/Strings.h"
 
 namespace {
@@ -34,18 +35,25 @@ std::vector<std::string> Arguments() {
     return arguments;
 }
 
+/// A file to be written, if one is wanted; throws when it cannot be.
+std::unique_ptr<std::ofstream> WrittenFile(const std::string& path) {
+    if (path.empty()) return nullptr;
+    auto file = std::make_unique<std::ofstream>(PathOf(path), std::ios::binary);
+    if (!*file) throw std::runtime_error(path + " cannot be written");
+    return file;
+}
+
 bool RunWindow(const Options& options) {
-    std::ofstream calls;
-    std::shared_ptr<dlv::container::Recorder> recorder;
-    if (!options.callsFile.empty()) {
-        calls.open(std::filesystem::path(dlv::Wide(options.callsFile)), std::ios::binary);
-        recorder = std::make_shared<dlv::container::Recorder>(calls);
-    }
-    if (!calls) {
-        std::fprintf(stderr, "demo: %s cannot be written\n", options.callsFile.c_str());
-        return false;
-    }
-    DemoWindow window(options, std::make_unique<PlainHolder>(recorder), recorder);
+    const auto calls = WrittenFile(options.callsFile);
+    const auto session = WrittenFile(options.sessionFile);
+    using Texts = dlv::recorder::SessionRecorder::Texts;
+    std::shared_ptr<dlv::container::Recorder> callRecorder;
+    if (calls) callRecorder = std::make_shared<dlv::container::Recorder>(*calls);
+    std::shared_ptr<dlv::recorder::SessionRecorder> sessionRecorder;
+    if (session)
+        sessionRecorder = std::make_shared<dlv::recorder::SessionRecorder>(
+            *session, options.masked ? Texts::Masked : Texts::AsTheyAre);
+    DemoWindow window(options, std::make_unique<PlainHolder>(callRecorder), callRecorder, sessionRecorder);
     if (!window.Create()) {
         std::fputs("demo: no window could be made\n", stderr);
         return false;

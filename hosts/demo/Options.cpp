@@ -19,6 +19,8 @@ const char* const kUsage =
     "                               when requests for profiles are answered (later)\n"
     "  --seconds N                  how often figures come (5)\n"
     "  --seed N                     which day it is (1)\n"
+    "  --record FILE                records a session for the player\n"
+    "  --mask                       with stand-ins for all names, codes and descriptions in it\n"
     "  --record-calls FILE          writes down every call between this host and the control\n";
 
 namespace {
@@ -69,6 +71,7 @@ bool Take(Options& options, const std::string& name, const std::string& value) {
     }
     if (name == "--profiles") return Read(value, options.profilesFolder);
     if (name == "--answers") return Read(value, options.answers);
+    if (name == "--record") return Read(value, options.sessionFile);
     if (name == "--record-calls") return Read(value, options.callsFile);
     if (name == "--pictures") {
         options.mode = Options::Mode::Pictures;
@@ -84,6 +87,8 @@ std::optional<Options> ParseOptions(std::span<const std::string> arguments) {
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         if (arguments[i] == "--smoke") {
             options.mode = Options::Mode::Smoke;
+        } else if (arguments[i] == "--mask") {
+            options.masked = true;
         } else if (arguments[i] == "--help") {
             options.mode = Options::Mode::Help;
         } else {

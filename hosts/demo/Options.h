@@ -44,6 +44,9 @@ struct Options {
     std::uint32_t seed = 1;
     /// Where the calls between host and control are written down; empty for nowhere.
     std::string callsFile;
+    /// Where the session is recorded, with what is private in it or without; empty for nowhere.
+    std::string sessionFile;
+    bool masked = false;
     int refreshSeconds = 5;
     /// Where the user's profiles are kept; empty for the place of this mode.
     std::string profilesFolder;

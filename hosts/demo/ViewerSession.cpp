@@ -74,10 +74,7 @@ bool ViewerSession::Call(_DLViewer* control, const char* member, Body&& body) {
 
 bool ViewerSession::Start(IUnknown& control, Language language, const std::string& profile) {
     firstProfile_ = profile;
-    if (!Done("The control", control.QueryInterface(IID_PPV_ARGS(&control_))) ||
-        !Done("QZWebMessage", CoGetClassObject(__uuidof(QZWebMessage), CLSCTX_INPROC_SERVER, nullptr,
-                                               IID_PPV_ARGS(&messages_))))
-        return false;
+    if (!Done("The control", control.QueryInterface(IID_PPV_ARGS(&control_)))) return false;
     Listen();
     if (!Done("The events", events_->Connect(&control, __uuidof(__DLViewer)))) return false;
     const auto transport = container::Make<Transport>(language);
@@ -146,10 +143,11 @@ void ViewerSession::AnswerRequests() {
 
 bool ViewerSession::Send(const std::string& document) {
     const ComPtr<_DLViewer> control = control_;
-    if (!control || !messages_) return false;
+    if (!control) return false;
     ComPtr<_QZWebMessage> message;
     const Bstr text(document);
-    if (!Done("QZWebMessage", messages_->CreateInstance(nullptr, IID_PPV_ARGS(&message))) ||
+    if (!Done("QZWebMessage", CoCreateInstance(__uuidof(QZWebMessage), nullptr, CLSCTX_INPROC_SERVER,
+                                               IID_PPV_ARGS(&message))) ||
         !Done("LoadText", message->LoadText(text.Get())))
         return false;
     Variant data(message.Get());
@@ -172,7 +170,6 @@ void ViewerSession::Stop() {
         Call(control.Get(), "_DLViewer.StopControl", [](_DLViewer& viewer) { return viewer.StopControl(); });
     const ComPtr<container::EventSink> events = std::move(events_);
     if (events) events->Disconnect();
-    messages_.Reset();
 }
 
 }  // namespace dlv::demo

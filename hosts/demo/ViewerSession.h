@@ -76,9 +76,6 @@ private:
     const std::shared_ptr<container::Recorder> recorder_;
     ComPtr<_DLViewer> control_;
     ComPtr<container::EventSink> events_;
-    /// Makes messages also while a menu or dialog of the control is open, when the registration-free classes
-    /// may not be in effect.
-    ComPtr<IClassFactory> messages_;
     std::deque<Request> requests_;
     std::string firstProfile_;
     bool ready_ = false;

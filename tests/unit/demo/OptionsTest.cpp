@@ -11,10 +11,10 @@ namespace {
 using Arguments = std::vector<std::string>;
 
 TEST(Options, AreReadFromTheCommandLine) {
-    const auto options =
-        ParseOptions(Arguments{"--width", "1366", "--language", "SP", "--pictures", "Z:\\out", "--profile",
-                               "All Units", "--seed", "4294967295", "--height", "768", "--record-calls",
-                               "calls.txt", "--profiles", "C:\\é", "--answers", "slow"});
+    const auto options = ParseOptions(Arguments{
+        "--width",    "1366",   "--language", "SP",       "--pictures", "Z:\\out",        "--profile",
+        "All Units",  "--seed", "4294967295", "--height", "768",        "--record-calls", "calls.txt",
+        "--profiles", "C:\\é",  "--answers",  "slow",     "--record",   "s.json",         "--mask"});
     ASSERT_TRUE(options);
     EXPECT_EQ(options->mode, Options::Mode::Pictures);
     EXPECT_EQ(options->picturesFolder, "Z:\\out");
@@ -24,6 +24,8 @@ TEST(Options, AreReadFromTheCommandLine) {
     EXPECT_EQ(options->profile, "All Units");
     EXPECT_EQ(options->seed, 4294967295u);
     EXPECT_EQ(options->callsFile, "calls.txt");
+    EXPECT_EQ(options->sessionFile, "s.json");
+    EXPECT_TRUE(options->masked);
     EXPECT_EQ(options->profilesFolder, "C:\\é");
     EXPECT_EQ(options->answers, Options::Answers::Slow);
 }

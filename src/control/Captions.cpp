@@ -25,7 +25,7 @@ void ApplyAccessKeys(ViewerForm& form) {
 }  // namespace
 
 void ApplyCaptions(ViewerForm& form, const CaptionCatalogue& captions) {
-    const auto text = [&](const char* key) { return captions.Caption(key); };
+    const auto text = [&](CaptionKey key) { return captions.Caption(key); };
     form.tbMain.SetButtonToolTip("SaveGrid", text("SaveGrid"));
     form.tbMain.SetButtonToolTip("PrintGrid", text("PrintGrid"));
     form.tbMain.SetButtonToolTip("Profiles", text("Profiles"));

@@ -34,7 +34,7 @@ DLViewer::State::State(Platform& usedPlatform, HostEvents& events)
 }
 
 cDLVController::Events DLViewer::State::ControllerEvents() {
-    return {[this](const std::string& key, bool error) { ShowStatus(key, error); }, [this] { HideStatus(); },
+    return {[this](CaptionKey key, bool error) { ShowStatus(key, error); }, [this] { HideStatus(); },
             [this](const std::shared_ptr<const BusinessUnits>& model) { FillSingleBUGrid(model); },
             [this](const std::shared_ptr<const BusinessUnits>& model) { FillBUHierarchyGrid(model); },
             [this] { RecoverFromFailedFill(); }};
@@ -69,7 +69,7 @@ void DLViewer::State::Layout() {
     for (OutlineGrid& grid : form.vsFlex) FitGridHeight(grid, form.fraBU[0].Height());
 }
 
-void DLViewer::State::ShowStatus(const std::string& key, bool error) {
+void DLViewer::State::ShowStatus(CaptionKey key, bool error) {
     form.lblStatus.SetCaption(captions.Caption(key));
     form.lblStatus.SetForeColour(error ? kRed : kBlue);
     form.lblStatus.SetVisible(true);

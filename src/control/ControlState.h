@@ -23,7 +23,7 @@ struct DLViewer::State {
     State(Platform& usedPlatform, HostEvents& events);
 
     void Layout();
-    void ShowStatus(const std::string& key, bool error);
+    void ShowStatus(CaptionKey key, bool error);
     void HideStatus();
     void EnableDataControls(bool enabled);
     /// Whatever failed, the control is left usable: not busy, drawn again, buttons enabled.

@@ -185,7 +185,7 @@ ViewerForm& DLViewer::Controls() { return state_->form; }
 bool DLViewer::Initialized() const { return state_->initialized; }
 bool DLViewer::Stopped() const { return state_->outside.Closed(); }
 int DLViewer::Depth() const { return state_->depth; }
-std::string DLViewer::Caption(std::string_view key) const { return state_->captions.Caption(key); }
+std::string DLViewer::Caption(CaptionKey key) const { return state_->captions.Caption(key); }
 std::string DLViewer::WhyThisFigure(int index, int row, int column) const {
     return state_->outside.Closed() ? std::string() : state_->reasons.For(index, row, column);
 }

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "base/Trap.h"
+#include "ui/CaptionKey.h"
 #include "ui/CaptionSource.h"
 #include "views/ViewerForm.h"
 #include "webdata/HostEvents.h"
@@ -65,7 +66,7 @@ public:
     int Depth() const;
 
     /// The text for a key in the control's language.
-    std::string Caption(std::string_view key) const;
+    std::string Caption(CaptionKey key) const;
 
     /// Why the figure in a cell of the grid of that index is what it is, in the user's language; empty where
     /// there is nothing to say.

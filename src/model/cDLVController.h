@@ -25,7 +25,7 @@ namespace dlv {
 class cDLVController {
 public:
     struct Events {
-        std::function<void(const std::string& key, bool error)> ShowStatus;
+        std::function<void(CaptionKey key, bool error)> ShowStatus;
         std::function<void()> HideStatus;
         std::function<void(std::shared_ptr<const BusinessUnits>)> FillSingleBUGrid;
         std::function<void(std::shared_ptr<const BusinessUnits>)> FillBUHierarchyGrid;

@@ -25,8 +25,7 @@ frmNewProfile::frmNewProfile(Outside& outside, const CaptionCatalogue& captions)
     cmdCancel.MakeCancel();
 }
 
-bool frmNewProfile::GetNewProfile(std::string& name, const std::string& prompt, const std::string& title,
-                                  ModalOwner& owner) {
+bool frmNewProfile::GetNewProfile(std::string& name, CaptionKey prompt, CaptionKey title, ModalOwner& owner) {
     SetCaption(captions_.Caption(title));
     lblIntro.SetCaption(captions_.Caption(prompt));
     cmdOK.SetCaption(captions_.Caption("OK"));

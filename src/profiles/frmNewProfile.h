@@ -13,8 +13,7 @@ public:
 
     /// Whether the user confirmed a valid name; the name goes, without blanks at its ends, into `name`.
     /// `prompt` and `title` are caption keys.
-    bool GetNewProfile(std::string& name, const std::string& prompt, const std::string& title,
-                       ModalOwner& owner);
+    bool GetNewProfile(std::string& name, CaptionKey prompt, CaptionKey title, ModalOwner& owner);
 
     void Click(Button& button) override;
     void GotFocus(Control& control) override;

@@ -12,7 +12,8 @@ void CaptionCatalogue::Attach(std::shared_ptr<CaptionSource> source, const std::
                                                    : "EN";
 }
 
-std::string CaptionCatalogue::Caption(std::string_view key) const {
+std::string CaptionCatalogue::Caption(CaptionKey captionKey) const {
+    const std::string_view key = captionKey.Text();
     if (language_.empty()) return std::string(key);
     if (source_)
         if (auto text = source_->Caption(key)) return *text;

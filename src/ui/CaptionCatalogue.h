@@ -5,8 +5,8 @@
 
 #include <memory>
 #include <string>
-#include <string_view>
 
+#include "ui/CaptionKey.h"
 #include "ui/CaptionSource.h"
 
 namespace dlv {
@@ -19,7 +19,7 @@ public:
 
     /// Before `Attach` there are no texts: every key stands for itself. What the host's object fails
     /// with is the error of this call.
-    std::string Caption(std::string_view key) const;
+    std::string Caption(CaptionKey key) const;
 
     const std::string& Language() const { return language_; }
 

@@ -4,7 +4,6 @@
 
 #include "base/Number.h"
 #include "base/Trap.h"
-#include "ui/BuiltInCaptions.h"
 
 namespace dlv {
 
@@ -27,8 +26,8 @@ frmError::frmError(Outside& outside) : ModalForm("frmError"), outside_(outside) 
 void frmError::ShowError(std::int32_t number, const std::string& description, const std::string& location,
                          const CaptionCatalogue* captions, ModalOwner* owner) {
     // A host whose captions fail still gets its error shown.
-    const auto text = [&](std::string_view key) {
-        std::string caption(BuiltInCaption("EN", key).value_or(key));
+    const auto text = [&](CaptionKey key) {
+        std::string caption(FindCaption(key.Text())->english);
         if (captions) IgnoreErrors([&] { caption = captions->Caption(key); });
         return caption;
     };

@@ -53,7 +53,7 @@ void GridExport::PrintGrid(int index) {
             printer = outside_.ChoosePrinter(Printer::Orientation::Landscape);
         }
         if (!printer) return;
-        const std::string title = captions_.Caption(index == 0 ? "BUSummary" : "BUHierarchy");
+        const std::string title = captions_.Caption(index == 0 ? CaptionKey("BUSummary") : "BUHierarchy");
         outside_.Begin(*printer, title);
         // Behind the last message loop, so that the rows stay as they are.
         const GridPages pages(grid, printer->Paper(), WordsFor(title));

@@ -19,7 +19,7 @@ constexpr Colour kStatusHeader = 0xFAFDC6;
 constexpr Colour kRateHeader = 0xE4FEE3;
 constexpr Colour kNotChosenColour = 0xD0D0D0;
 
-constexpr std::array<const char*, kLastColumn> kCaptionKeys = {
+constexpr std::array<CaptionKey, kLastColumn> kCaptionKeys = {
     "BusinessUnits", "TechCount", "HoursRemaining", "HoursCompleted", "Open",   "Warning",
     "Jeopardy",      "Late",      "Completed",      "Canceled",       "NotDone"};
 
@@ -53,9 +53,9 @@ void HierarchyView::InitBUHierarchyGrid(int index) {
         grid.SetText(0, kLastColumn, captions_.Caption("Productivity"));
         for (int column = 0; column < kLastColumn; ++column)
             grid.SetText(1, column, captions_.Caption(kCaptionKeys[static_cast<std::size_t>(column)]));
-        const std::string measure = captions_.Caption(index == 1 ? "WorkOrders" : "Points");
+        const std::string measure = captions_.Caption(index == 1 ? CaptionKey("WorkOrders") : "Points");
         for (int column = kFirstStatus; column < kLastColumn; ++column) grid.SetText(0, column, measure);
-        grid.SetText(1, kLastColumn, captions_.Caption(index == 1 ? "WOsPerHour" : "PtsPerHour"));
+        grid.SetText(1, kLastColumn, captions_.Caption(index == 1 ? CaptionKey("WOsPerHour") : "PtsPerHour"));
     });
 }
 

@@ -26,8 +26,8 @@ constexpr Colour kWorkOrderHeader = 0xFAFDC6;
 constexpr Colour kPointsHeader = 0xEAE6FC;
 constexpr Colour kGroupColour = 0xE0E0E0;
 
-constexpr std::array<const char*, kStatusCount> kStatusKeys = {"Open",      "Warning",  "Jeopardy", "Late",
-                                                               "Completed", "Canceled", "NotDone"};
+constexpr std::array<CaptionKey, kStatusCount> kStatusKeys = {"Open",      "Warning",  "Jeopardy", "Late",
+                                                              "Completed", "Canceled", "NotDone"};
 
 }  // namespace
 

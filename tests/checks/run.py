@@ -6,7 +6,7 @@ import time
 from pathlib import Path
 
 HERE = Path(__file__).resolve().parent
-CHECKS = ("layers", "catches", "lengths", "written", "documented", "formatted", "tidy", "selftest")
+CHECKS = ("layers", "catches", "captions", "lengths", "written", "documented", "formatted", "tidy", "selftest")
 
 
 def main():

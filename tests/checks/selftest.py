@@ -35,8 +35,9 @@ UNEXPLAINED = """
     }
 """
 CLEAN = {
-    "CMakeLists.txt": "set(dlvFolders\n    src/base\n    src/model)\nlist(APPEND dlvFolders src/windows)\n",
+    "CMakeLists.txt": "set(dlvFolders\n    src/base\n    src/ui\n    src/model)\nlist(APPEND dlvFolders src/windows)\n",
     "src/base/Sum.h": "#pragma once\nint Sum(int a, int b);\n",
+    "src/ui/CaptionTable.h": '#pragma once\n// constexpr Row kTable[] = {\n',
     "src/base/Sum.cpp": '#include "base/Sum.h"\n\nint Sum(int a, int b) { return a + b; }\n',
     "src/model/Unit.h": '#pragma once\n#include <string>\n\n#include "base/Sum.h"\n// never catch (anything) here\n',
     "api/DashlonViewer.idl": IDL,
@@ -44,7 +45,7 @@ CLEAN = {
     "docs/start.md": "<!-- src/base/Sum.cpp -->\n```cpp\nint Sum(int a, int b) { return a + b; }\n```\n",
     "src/windows/Window.h": '#pragma once\n#include <windows.h>\n\n#include "model/Unit.h"\n',
 }
-ALL = ("layers", "catches", "lengths", "written", "documented", "formatted", "tidy")
+ALL = ("layers", "catches", "captions", "lengths", "written", "documented", "formatted", "tidy")
 
 # What is planted: file, text added at its end, the checks that must find it.
 PLANTED = (
@@ -56,6 +57,7 @@ PLANTED = (
     ("tests/unit/base/SumTest.cpp", "#include <ole2.h>\n", {"layers"}),
     ("src/model/Unit.h", "inline void F() try {\n} catch (...) {\n}\n", {"catches"}),
     ("hosts/demo/Data.h", "inline void F() try {\n} catch (...) {\n}\n", {"catches"}),
+    ("src/ui/CaptionTable.h", '// clang-format off\n    {"Open", "Open"},\n', {"captions"}),
     ("src/base/Sum.h", "// line\n" * 600, {"lengths"}),
     ("dev", "# line\n" * 351, {"lengths"}),
     ("docs/page.md", "a line  \n", {"written"}),

@@ -145,7 +145,7 @@ HRESULT AccessibleRow::Select(LONG flags) {
 std::string AccessibleRow::ActionText() {
     const int row = Row();
     if (!IsOpenable(row)) return {};
-    return screen_.Caption(screen_.Grid().IsCollapsed(row) ? "ExpandNode" : "CollapseNode");
+    return screen_.Caption(screen_.Grid().IsCollapsed(row) ? CaptionKey("ExpandNode") : "CollapseNode");
 }
 
 HRESULT AccessibleRow::Act() {

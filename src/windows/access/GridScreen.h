@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "ui/CaptionKey.h"
 #include "widgets/GridReading.h"
 #include "widgets/GridText.h"
 #include "widgets/GridWalk.h"
@@ -29,7 +30,7 @@ public:
     /// Why the cell shows what it shows; empty when there is nothing to tell.
     virtual std::string Reason(int row, int column) const = 0;
     /// The text for a key in the user's language.
-    virtual std::string Caption(std::string_view key) const = 0;
+    virtual std::string Caption(CaptionKey key) const = 0;
 
     OutlinePlaces::Place PlaceOf(int row) { return places_.Of(Grid(), row); }
     bool IsData(int row) const { return row >= Grid().FixedRows(); }

@@ -45,7 +45,7 @@ private:
     void GridKeyPressed(OutlineGrid& grid, int key, bool shift) override;
     std::string GridExplanation(OutlineGrid& grid, int row, int column) override;
     std::string NameOf(const Control& control) override { return SpokenName(Form(), control); }
-    std::string CaptionOf(std::string_view key) override { return Host().Viewer().Caption(key); }
+    std::string CaptionOf(CaptionKey key) override { return Host().Viewer().Caption(key); }
     void FocusEntered() override { Host().FocusEntered(); }
     void FocusLeft() override { Host().FocusLeft(); }
 

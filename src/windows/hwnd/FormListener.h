@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "ui/CaptionKey.h"
 #include "widgets/OutlineGrid.h"
 #include "widgets/Widgets.h"
 
@@ -39,7 +40,7 @@ public:
     /// The name of a control that does not say itself what it is; empty where the label before it does.
     virtual std::string NameOf(const Control& /*control*/) { return {}; }
     /// The text for a key in the user's language.
-    virtual std::string CaptionOf(std::string_view /*key*/) { return {}; }
+    virtual std::string CaptionOf(CaptionKey /*key*/) { return {}; }
 
     /// The focus came into one of the form's windows from outside, or left them for the outside.
     virtual void FocusEntered() {}

@@ -24,9 +24,7 @@ std::string GridAccess::Reason(int row, int column) const {
     return window_.Form().Listener().GridExplanation(Grid(), row, column);
 }
 
-std::string GridAccess::Caption(std::string_view key) const {
-    return window_.Form().Listener().CaptionOf(key);
-}
+std::string GridAccess::Caption(CaptionKey key) const { return window_.Form().Listener().CaptionOf(key); }
 
 void GridAccess::RunAsked() {
     const std::optional<Asked> asked = TakeAsked();

@@ -18,7 +18,7 @@ public:
     GridSight Sight() const override;
     std::string Name() const override;
     std::string Reason(int row, int column) const override;
-    std::string Caption(std::string_view key) const override;
+    std::string Caption(CaptionKey key) const override;
 
     GridEvents& Events() { return events_; }
     /// Does what a reader of the screen asked for: what a double-click on the cell does.

@@ -15,7 +15,8 @@ std::optional<GridCommand> ChooseGridCommand(const OutlineGrid& grid, WindowHost
     const auto items = GridMenu();
     std::vector<std::string> captions;
     for (const GridMenuItem& item : items)
-        captions.push_back(item.caption.empty() ? std::string() : host.Viewer().Caption(item.caption));
+        captions.push_back(item.caption.empty() ? std::string()
+                                                : host.Viewer().Caption(CaptionKey::Unchecked(item.caption)));
     const std::vector<AccessKey> keys = ChooseAccessKeys(captions);
     PopupMenu menu;
     for (std::size_t i = 0; i < items.size(); ++i) {

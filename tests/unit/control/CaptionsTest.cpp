@@ -4,34 +4,28 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "base/Text.h"
 #include "tests/unit/control/TestViewer.h"
-#include "ui/BuiltInCaptions.h"
 
 namespace dlv {
 
 namespace {
 
-/// Writes down which keys are asked for; answers with the key in brackets, or leaves the answer to the
-/// control.
+/// Writes down which keys are asked for; answers with the key in brackets.
 class Keys : public CaptionSource {
 public:
-    enum class Answers { Own, None };
-    explicit Keys(Answers answers) : answers_(answers) {}
     std::optional<std::string> Caption(std::string_view key) override {
         asked.emplace_back(key);
-        std::string text = "[" + std::string(key) + "]";
-        if (answers_ == Answers::None) return std::nullopt;
-        return text;
+        return "[" + std::string(key) + "]";
     }
     std::optional<std::string> LanguageID() override { return std::nullopt; }
     std::vector<std::string> asked;
-
-private:
-    Answers answers_;
 };
 
 TEST(Captions, AreAskedForInOrderAndSetWhereTheyBelong) {
-    const auto keys = std::make_shared<Keys>(Keys::Answers::Own);
+    const auto keys = std::make_shared<Keys>();
     CaptionCatalogue captions;
     captions.Attach(keys, "EN");
     ViewerForm form;
@@ -89,19 +83,83 @@ TEST(Captions, AreAskedForInOrderAndSetWhereTheyBelong) {
     EXPECT_EQ(form.lblTechCount.figure.Caption(), "") << "figures are no captions";
 }
 
-TEST(Captions, HaveATextOfTheControlsOwn) {
-    const auto keys = std::make_shared<Keys>(Keys::Answers::None);
-    test::TestViewer test;
-    test.viewer.Initialize(keys);
-    test.viewer.SetSessionBUIDList(std::vector<std::string>{"A"});
-    test.viewer.ReceiveProfileResponse("", "GetProfiles");
-    test.Receive(test::GoodTables());
-    test.viewer.ReceiveMessage({"QZWebMessage", std::make_shared<QZWebMessage>("DLVServerStopped")}, 0, "");
-    test.Receive(std::make_shared<QZWebMessage>("DLVData"));
-    ASSERT_GT(keys->asked.size(), 60u);
-    for (const std::string& key : keys->asked)
-        for (const char* language : {"EN", "PO", "SP"})
-            EXPECT_TRUE(BuiltInCaption(language, key).has_value()) << key << " in " << language;
+/// A machine of that language. Notes captions that have no room where they stand, in a font whose characters
+/// are six pixels wide; labels and headings may be drawn smaller.
+class NarrowHost : public test::TestHost {
+public:
+    explicit NarrowHost(std::string language) : language_(std::move(language)) {}
+    std::string InterfaceLanguage() override { return language_; }
+    double TextWidth(std::string_view text, bool) override {
+        return Pixels(6) * static_cast<double>(ToUtf16(text).size());
+    }
+
+    void Look(const Form& form) {
+        for (const Control* control : form.Controls()) {
+            const double lines = std::max(1.0, control->Height() / Pixels(15));
+            if (const auto* label = dynamic_cast<const Label*>(control))
+                Expect(*control, label->Caption(), control->Width() / kSmallest, lines);
+            else if (const auto* button = dynamic_cast<const Button*>(control))
+                Expect(*control, button->Caption(), control->Width() - Pixels(12), 1);
+            else if (const auto* other = dynamic_cast<const CaptionControl*>(control))
+                Expect(*control, other->Caption(), control->Width() - Pixels(18), 1);
+        }
+    }
+    void Look(const OutlineGrid& grid) {
+        for (int column = 0; column < grid.Columns(); ++column)
+            if (const double wide = grid.ColumnWidth(column); wide > 0)
+                Expect(grid, grid.CellText(1, column), (wide - Pixels(3)) / kSmallest, 2);
+    }
+
+private:
+    static constexpr double kSmallest = 0.775;
+
+    void Expect(const Control& control, const std::string& caption, double room, double lines) {
+        EXPECT_LE(Lines(caption, room), lines) << language_ << ' ' << control.Name() << ": " << caption;
+    }
+    /// How many lines a text takes that breaks between words; very many where a word is too long.
+    int Lines(const std::string& text, double room) {
+        int lines = 1;
+        std::string line;
+        for (const std::string& word : Split(text, ' ')) {
+            if (TextWidth(word, false) > room) return 99;
+            std::string longer = line.empty() ? word : line + ' ' + word;
+            const bool breaks = TextWidth(longer, false) > room;
+            lines += breaks;
+            line = breaks ? word : std::move(longer);
+        }
+        return lines;
+    }
+
+    std::string language_;
+};
+
+TEST(Captions, HaveRoomInEveryLanguageWhereTheyStand) {
+    for (const char* language : {"EN", "PO", "SP"})
+        for (const double width : {860.0, 1000.0}) {
+            NarrowHost host(language);
+            host.width = Pixels(width);
+            host.work = [&](ModalForm& form) {
+                host.Look(form);
+                if (auto* more = dynamic_cast<Button*>(form.Find("cmdNew")); more && !form.Closed())
+                    form.Click(*more);
+            };
+            DLViewer viewer(host, host);
+            viewer.Initialize(nullptr);
+            viewer.SetSessionBUIDList(std::vector<std::string>{"A"});
+            viewer.ReceiveProfileResponse("", "GetProfiles");
+            viewer.ReceiveMessage({"QZWebMessage", test::GoodTables().Message()}, 0, "");
+            viewer.mnuSaveProfileAs_Click();
+            viewer.mnuManage_Click();
+            viewer.ReceiveMessage({"QZWebMessage", std::make_shared<QZWebMessage>("DLVData")}, 0, "");
+            EXPECT_EQ(std::ranges::count(host.ways, "frmNewProfile"), 2);
+            EXPECT_EQ(std::ranges::count(host.ways, "frmError"), 1);
+            viewer.ReceiveMessage({"QZWebMessage", std::make_shared<QZWebMessage>("DLVServerStopped")}, 0,
+                                  "");
+            host.Look(viewer.Controls());
+            for (const OutlineGrid& grid : viewer.Controls().vsFlex) host.Look(grid);
+            const auto& tabs = viewer.Controls().Tabs.Tabs();
+            EXPECT_LE(host.TextWidth(tabs[0].caption + tabs[1].caption, false), Pixels(600)) << language;
+        }
 }
 
 }  // namespace

@@ -86,7 +86,7 @@ TEST_F(ErrorDialog, SpeaksTheLanguageOfTheCatalogue) {
     CaptionCatalogue captions;
     captions.Attach(nullptr, "SP");
     ReportError(outside_, 1, "", "", &captions, &owner_);
-    EXPECT_EQ(texts_.front(), "Se ha Producido un Error");
+    EXPECT_EQ(texts_.front(), "Se ha producido un error");
     EXPECT_EQ(texts_.back(), "Continuar");
 }
 

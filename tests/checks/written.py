@@ -3,7 +3,7 @@
 end at the end of the file."""
 import sources
 
-FOLDERS = (*sources.FOLDERS, "docs", ".ci")
+FOLDERS = (*sources.FOLDERS, "docs", "packaging", ".ci")
 ROOT_FILES = ("dev", "VERSION", ".clang-format", ".clang-tidy", ".editorconfig", ".gitignore")
 BINARY = {".png", ".ico", ".bmp", ".cur"}
 WRITTEN_BY_THE_CONTROL = "tests/sessions/exports/"  # as saved and printed: CR LF, tabs

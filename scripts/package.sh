@@ -1,0 +1,25 @@
+# The zips for host developers. Sourced by ./dev.
+#
+#   make_packages          both zips into $state/package, from what is built; prints where they lie
+#   try_package ZIP        unpacks a zip and uses it in a Wine where nothing was ever installed
+
+make_packages() {
+    local bits architecture doc=/usr/share/doc
+    for bits in 64 32; do
+        architecture=x86-64
+        ((bits == 64)) || architecture=i686
+        python3 "$root/packaging/package.py" "$root" "$state/win$bits" "$bits" \
+            "mingw-w64=$doc/mingw-w64-common/copyright,gcc=$doc/gcc-mingw-w64-$architecture-posix-runtime/copyright" \
+            "$state/package"
+    done
+}
+
+try_package() {
+    local folder=$state/package/unpacked
+    rm -rf "$folder" "$state/wine-bare"
+    mkdir -p "$folder"
+    python3 -m zipfile -e "$1" "$folder" || return 1
+    display_begin && wine_begin 96 bare || return 1
+    trap 'wine_end; display_end' EXIT
+    (cd "$folder"/*/ && timeout -k 5 60 wine dlcheck.exe demo.exe && timeout -k 5 60 wine demo.exe --smoke)
+}

@@ -27,7 +27,7 @@ std::string ChooseSaveFile(WindowHost& host, const SaveDialog& dialog) {
     // The dialog disables its owner itself.
     scope.ReleaseOwner();
     const DialogWatch watch(host, DialogWatch::Closing::Cancelled);
-    const ControlsScope controls;
+    const HostScope inHost;
 
     std::wstring filter = Wide(dialog.filter) + L'|';
     std::ranges::replace(filter, L'|', L'\0');

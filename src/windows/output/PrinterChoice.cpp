@@ -76,7 +76,7 @@ std::unique_ptr<Printer> ChoosePrinter(WindowHost& host, Printer::Orientation pr
     // The dialog disables its owner itself.
     scope.ReleaseOwner();
     const DialogWatch watch(host, DialogWatch::Closing::Cancelled);
-    const ControlsScope controls;
+    const HostScope inHost;
     PrinterQuestion question;
     if (!question.TakeDefault()) RaisePrinter();
     question.Propose(proposed);

@@ -98,6 +98,15 @@ void ScriptedHost::ShowModal(ModalForm& form) {
         WorkNewProfile(*newProfile);
     } else if (auto* profiles = dynamic_cast<frmProfiles*>(&form)) {
         WorkProfiles(*profiles);
+    } else if (auto* about = dynamic_cast<frmGenAbout*>(&form)) {
+        Log({{"dialog", "frmGenAbout"},
+             {"title", about->Caption()},
+             {"product", about->lblTitle.Caption()},
+             {"description", about->lblDescription.Caption()},
+             {"comments", about->lblComments.Caption()},
+             {"rights", about->lblRights.Caption()},
+             {"version", about->lblVersion.Caption()}});
+        about->Click(about->cmdOK);
     }
 }
 

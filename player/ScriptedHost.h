@@ -11,6 +11,7 @@
 #include "profiles/frmProfiles.h"
 #include "ui/CaptionSource.h"
 #include "ui/frmError.h"
+#include "ui/frmGenAbout.h"
 #include "webdata/HostEvents.h"
 #include "widgets/Platform.h"
 

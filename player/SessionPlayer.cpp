@@ -181,6 +181,8 @@ void SessionPlayer::MakeUserAction(const Json& step) {
         viewer_->tbMain_ButtonClick("SaveGrid");
     } else if (op == "printGrid") {
         viewer_->tbMain_ButtonClick("PrintGrid");
+    } else if (op == "about") {
+        viewer_->tbMain_ButtonClick("Help");
     } else if (op == "menuProfile") {
         viewer_->mnuProfile_Click(index);
     } else if (op == "menuSave") {

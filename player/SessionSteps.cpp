@@ -148,6 +148,7 @@ const std::map<std::string, Step>& KnownSteps() {
         {"techCount", {{}}},
         {"saveGrid", {{{"file", IsText, true}}}},
         {"printGrid", {{{"file", IsText, true}}}},
+        {"about", {{}}},
         {"profilesMenu", {{}}},
         {"menuProfile", {{{"index", IsWhole, true}, {"actions", IsActions}}}},
         {"menuSave", {{}}},

@@ -108,6 +108,7 @@ std::optional<std::string> WhyLeftOut(const Json& step, DLViewer& viewer) {
     const std::string op = step["op"];
     if (IsMenuStep(op)) return WhyNoLine(step, viewer);
     if (op == "saveGrid" || op == "printGrid") return "files and paper are not on the screen";
+    if (op == "about" && !viewer.Controls().tbMain.Items().back().visible) return "its button is not shown";
     const bool node = op == "collapse" || op == "expand";
     if (!node && op != "dblclick" && op != "enter") {
         const int index = step.value("index", 0);

@@ -138,8 +138,8 @@ void DialogUse::Meet(HWND window) {
     }
 }
 
-// The error dialog has labels and texts in turn. What it is about is read, the host's call is made, and
-// Enter, which the dialog's own loop gets, closes it.
+// The error dialog has labels and texts in turn, the about box its texts in order. What it is about is read,
+// the host's call is made, and Enter, which the dialog's own loop gets, closes it.
 void DialogUse::MeetMessage(HWND window, const std::vector<std::string>& labels) {
     constexpr std::size_t kNumber = 2;
     constexpr std::size_t kDescription = 4;
@@ -149,6 +149,17 @@ void DialogUse::MeetMessage(HWND window, const std::vector<std::string>& labels)
                              {"location", labels[kLocation]},
                              {"description", labels[kDescription]}});
         return LeaveFrom(window, [] { Hand::PressForNext(VK_RETURN); });
+    }
+    constexpr std::size_t kAboutLabels = 6;
+    if (labels.size() == kAboutLabels) {
+        happened_("", {{"dialog", "frmGenAbout"},
+                       {"title", TextOf(window)},
+                       {"product", labels[0]},
+                       {"description", labels[1]},
+                       {"comments", labels[2]},
+                       {"rights", labels[3]},
+                       {"version", labels[5]}});
+        return Hand::PressForNext(VK_RETURN);
     }
     const HWND answer = GetDlgItem(window, confirm_ ? IDYES : IDNO);
     const bool asks = answer != nullptr && IsWindowVisible(answer);

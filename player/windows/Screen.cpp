@@ -170,6 +170,23 @@ Json RowsOf(HWND window) {
     return rows;
 }
 
+/// On the last button to be seen of a bar that has all of these styles.
+POINT LastButton(HWND bar, int styles) {
+    POINT point = kNowhere;
+    const auto count = static_cast<WPARAM>(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0));
+    for (WPARAM i = 0; i < count; ++i) {
+        TBBUTTON button{};
+        RECT place{};
+        SendMessageW(bar, TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button));
+        if ((button.fsStyle & styles) != styles || (button.fsState & TBSTATE_HIDDEN) != 0 ||
+            !SendMessageW(bar, TB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&place)))
+            continue;
+        MapWindowPoints(bar, nullptr, reinterpret_cast<POINT*>(&place), 2);
+        point = MiddleOf(place);
+    }
+    return point;
+}
+
 bool IsOption(const ToldWindow& window) {
     if (window.className != "Button") return false;
     const auto kind = GetWindowLongPtrW(window.handle, GWL_STYLE) & BS_TYPEMASK;
@@ -215,19 +232,11 @@ HWND Screen::Option(int index) const {
 HWND Screen::Grid() const { return reader::WindowOf(control_, kGridClass); }
 
 POINT Screen::MenuButtonPoint() const {
-    const HWND bar = reader::WindowOf(control_, TOOLBARCLASSNAMEW);
-    const auto count = static_cast<WPARAM>(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0));
-    for (WPARAM i = 0; i < count; ++i) {
-        TBBUTTON button{};
-        RECT place{};
-        SendMessageW(bar, TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button));
-        if ((button.fsStyle & BTNS_WHOLEDROPDOWN) == 0 || (button.fsState & TBSTATE_HIDDEN) != 0 ||
-            !SendMessageW(bar, TB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&place)))
-            continue;
-        MapWindowPoints(bar, nullptr, reinterpret_cast<POINT*>(&place), 2);
-        return MiddleOf(place);
-    }
-    return kNowhere;
+    return LastButton(reader::WindowOf(control_, TOOLBARCLASSNAMEW), BTNS_WHOLEDROPDOWN);
+}
+
+POINT Screen::AboutButtonPoint() const {
+    return LastButton(reader::WindowOf(control_, TOOLBARCLASSNAMEW), BTNS_BUTTON);
 }
 
 HWND Screen::TechnicianCount() const {

@@ -30,6 +30,8 @@ public:
     HWND Grid() const;
     /// On the button of the bar that opens the profile menu.
     POINT MenuButtonPoint() const;
+    /// On the last button of the bar.
+    POINT AboutButtonPoint() const;
     HWND TechnicianCount() const;
     POINT TabPoint(int tab) const;
     int Tab() const;

@@ -135,6 +135,7 @@ void WindowsPlayer::MakeUserAction(const Json& step) {
         menu_.Begin(step, places_.Viewer().Controls());
         return hand_.Click(Shown().MenuButtonPoint());
     }
+    if (op == "about") return hand_.Click(Shown().AboutButtonPoint());
     if (op == "techCount") return hand_.Click(Shown().TechnicianCount());
     const int before = Shown().Tab();
     if (op == "optDisplay") {

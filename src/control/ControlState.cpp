@@ -1,5 +1,7 @@
 #include "control/ControlState.h"
 
+#include "control/AboutBox.h"
+
 #include "control/Layout.h"
 #include "views/FitGridHeight.h"
 #include "views/Panel.h"
@@ -124,6 +126,11 @@ void DLViewer::State::View() {
                          JoinKeys(mDLV.GetBUList(), '|') != JoinKeys(summary.CurrentSelection(), '|') ||
                          mDLV.GetBUList().Count() != summary.CurrentSelection().Count();
     if (changed) mDLV.FillSingleBU();
+}
+
+void DLViewer::State::ShowAbout() {
+    trap.Run("DLViewer.tbMain_ButtonClick",
+             [&] { ShowAboutBox(outside, platform, captions, mDLV.LanguageID, modalOwner); });
 }
 
 void DLViewer::State::SetSessionUnits(std::span<const std::string> ids) {

@@ -32,6 +32,7 @@ struct DLViewer::State {
     void FillSingleBUGrid(const std::shared_ptr<const BusinessUnits>& model);
     void FillBUHierarchyGrid(const std::shared_ptr<const BusinessUnits>& model);
     void View();
+    void ShowAbout();
     void SetSessionUnits(std::span<const std::string> ids);
     /// Lets everything go that the control holds, once it was stopped and no call is under way.
     void Release();

@@ -127,6 +127,8 @@ void DLViewer::tbMain_ButtonClick(const std::string& key) {
         } else if (key == "Profiles") {
             state_->profileMenu.ConfigureProfileMenu();
             state_->platform.ShowProfileMenu();
+        } else if (key == "Help") {
+            state_->ShowAbout();
         }
     });
 }

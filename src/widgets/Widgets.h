@@ -204,6 +204,29 @@ private:
     std::vector<Item> items_;
 };
 
+/// One of the pictures that whoever shows the form knows how to draw.
+class Image : public Control {
+public:
+    using Control::Control;
+    const std::string& Picture() const { return picture_; }
+    void SetPicture(std::string name) { Assign(picture_, std::move(name)); }
+
+private:
+    std::string picture_;
+};
+
+/// A thin line across its whole place, to set parts of a form apart.
+class Line : public Control {
+public:
+    using Control::Control;
+    enum class Tone { Dark, Light };
+    Tone Shade() const { return tone_; }
+    void SetShade(Tone tone) { Assign(tone_, tone); }
+
+private:
+    Tone tone_ = Tone::Dark;
+};
+
 /// Ticks while its form is shown.
 class Timer : public Control {
 public:

@@ -16,7 +16,7 @@ STEPS = 30
 VIEW_WEIGHTS = {
     "message": 22, "select": 16, "optBU": 9, "optDisplay": 4, "view": 18, "tab": 4, "collapse": 14, "expand": 5,
     "dblclick": 10, "enter": 4, "techCount": 3, "viewResponse": 7, "language": 2, "sessionIds": 2, "resize": 1,
-    "initialize": 1,
+    "initialize": 1, "about": 1,
 }  # fmt: skip
 PROFILE_WEIGHTS = {
     "profilesMenu": 8, "menuProfile": 12, "menuSave": 10, "menuSaveAs": 12, "menuManage": 14, "response": 14,

@@ -2,7 +2,7 @@
 """Plays a recorded session on the reference model and prints its transcript: reference.py SESSION.json
 
 The reference model follows the rules of the control one statement at a time, as plainly and as slowly as need be; the
-tests hold the real thing against it. It plays every step but saveGrid, printGrid and about.
+tests hold the real thing against it. It plays every step but saveGrid and printGrid.
 """
 import json
 import sys

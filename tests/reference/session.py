@@ -152,6 +152,7 @@ USER_STEPS = {
     "dblclick": double_click,
     "enter": press_enter,
     "techCount": lambda viewer, step: viewer.tech_count_click(),
+    "about": lambda viewer, step: viewer.show_about(),
     "profilesMenu": lambda viewer, step: viewer.configure_profile_menu(),
     "menuProfile": choose_profile,
     "menuSave": lambda viewer, step: viewer.menu_save_click(),

@@ -1,4 +1,6 @@
 """The control: public methods, status line, what a user can do, and the state that a transcript shows."""
+from pathlib import Path
+
 from basics import Refused, RunTimeError, Stopped, add_new, checked_long, join_ids
 from controller import Controller
 from drilldown import DrillDown
@@ -6,6 +8,15 @@ from grid import Grid
 from hierarchy import Hierarchy
 from profiles import Profiles
 from summary import Summary
+
+VERSION = (Path(__file__).resolve().parents[2] / "VERSION").read_text().strip()
+COMMENTS = "Shows in real time how productive the business units of a field service are."
+ABOUT_TEXTS = {
+    "EN": ("Real-Time BusinessUnit Productivity", "Copyright © Dashlon. All rights reserved."),
+    "PO": ("Produtividade de Hora Real de Unidades de Negócios", "Copyright © Dashlon. Todos os direitos reservados."),
+    "SP": ("Productividad de Hora Real de Unidades de Negocios",
+           "Copyright © Dashlon. Todos los derechos reservados."),
+}
 
 
 class Viewer(Controller, Summary, Hierarchy, DrillDown, Profiles):
@@ -27,6 +38,11 @@ class Viewer(Controller, Summary, Hierarchy, DrillDown, Profiles):
         self.hierarchy_filled = self.grid_filled = self.profile_settings_loaded = False
         self.create_controller()
         self.create_profiles()
+
+    def show_about(self):
+        description, rights = ABOUT_TEXTS.get(self.language, ("", ""))
+        self.log({"dialog": "frmGenAbout", "title": "AboutDLV", "product": "Dashlon Viewer", "description": description,
+                  "comments": COMMENTS, "rights": rights, "version": VERSION})
 
     # Towards the host and the user
 

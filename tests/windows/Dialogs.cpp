@@ -59,11 +59,11 @@ HWND OpenMenu() {
     return menu != nullptr && IsWindowVisible(menu) != FALSE ? menu : nullptr;
 }
 
-void PressProfiles(const HostedControl& control) {
+void Press(const HostedControl& control, Tool tool) {
     const HWND bar = control.WindowOf(TOOLBARCLASSNAMEW);
     RECT area{};
-    constexpr WPARAM kButton = 3;
-    ASSERT_NE(SendMessageW(bar, TB_GETITEMRECT, kButton, reinterpret_cast<LPARAM>(&area)), 0);
+    ASSERT_NE(SendMessageW(bar, TB_GETITEMRECT, static_cast<WPARAM>(tool), reinterpret_cast<LPARAM>(&area)),
+              0);
     const LPARAM point = MAKELPARAM(area.left + 8, (area.top + area.bottom) / 2);
     SendMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, point);
     SendMessageW(bar, WM_LBUTTONUP, 0, point);

@@ -14,8 +14,9 @@ void Click(HWND window);
 
 /// The menu that is open; null when none is.
 HWND OpenMenu();
-/// Presses the mouse over the middle of the button that opens the profile menu.
-void PressProfiles(const HostedControl& control);
+/// Presses the mouse over a button of the tool bar: the one that opens the profile menu, or the about box.
+enum class Tool : WPARAM { Profiles = 3, About = 5 };
+void Press(const HostedControl& control, Tool tool);
 
 /// Uses the menus and dialogs that open on this thread, one after the other, in whatever message loop it is.
 class Person {

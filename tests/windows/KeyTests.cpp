@@ -94,6 +94,8 @@ std::vector<KeyCase> AllKeys() {
         cases.push_back({kGrid, key, kNone, true});
     for (const WPARAM key : {VK_HOME, VK_END, VK_PRIOR, VK_NEXT, VK_UP, VK_DOWN})
         cases.push_back({kGrid, key, kCtrl, true});
+    for (const WPARAM key : {VK_LEFT, VK_RIGHT, VK_RETURN})
+        cases.push_back({TOOLBARCLASSNAMEW, key, kNone, true});
     cases.push_back({kGrid, VK_RETURN, kNone, true});
     cases.push_back({kGrid, VK_RETURN, kCtrl, false});
     cases.push_back({L"View", VK_RETURN, kNone, true});

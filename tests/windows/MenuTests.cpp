@@ -50,13 +50,13 @@ TEST(ProfileMenu, OpensAtItsButtonAndDoesWhatIsChosen) {
     control.sink->On(5, [&](DISPPARAMS&) { ++saved; });
     {
         const MenuKeys keys(control, {VK_DOWN, VK_DOWN, VK_RETURN});
-        PressProfiles(control);
+        Press(control, Tool::Profiles);
         EXPECT_TRUE(keys.Seen()) << "no menu opened";
     }
     EXPECT_EQ(saved, 1);
     {
         const MenuKeys keys(control, {VK_ESCAPE});
-        PressProfiles(control);
+        Press(control, Tool::Profiles);
         EXPECT_TRUE(keys.Seen()) << "no menu opened";
     }
     EXPECT_EQ(saved, 1);
@@ -109,7 +109,7 @@ TEST(ProfileMenu, ShowsEveryNameInOneLineAndAsksForItExactly) {
             EXPECT_EQ(text, names[i].shown);
             return Person::Keys(keys)(menu);
         }});
-        PressProfiles(control);
+        Press(control, Tool::Profiles);
         EXPECT_TRUE(asked == names[i].name) << "of the name in line " << i;
     }
 }
@@ -132,7 +132,7 @@ TEST(ProfileMenu, IsQuickWithTenThousandNamesAndGoesToALetter) {
     }});
     std::wstring asked;
     control.sink->On(3, [&](DISPPARAMS&) { asked = L"something"; });
-    PressProfiles(control);
+    Press(control, Tool::Profiles);
     EXPECT_EQ(asked, L"something");
     EXPECT_LT(std::chrono::steady_clock::now() - pressed, std::chrono::seconds(5));
 }
@@ -178,7 +178,7 @@ TEST(ProfileMenu, GoesWithAControlThatIsStopped) {
         KillTimer(nullptr, id);
         EXPECT_EQ(viewer->StopControl(), S_OK);
     });
-    PressProfiles(control);
+    Press(control, Tool::Profiles);
     KillTimer(nullptr, timer);
     EXPECT_EQ(OpenMenu(), nullptr);
 }

@@ -12,9 +12,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-enum Tool : WPARAM { kSave = 0, kPrint = 1 };
+enum OutputTool : WPARAM { kSave = 0, kPrint = 1 };
 
-void Press(const HostedControl& control, Tool tool) {
+void Press(const HostedControl& control, OutputTool tool) {
     const HWND bar = control.WindowOf(TOOLBARCLASSNAMEW);
     RECT area{};
     ASSERT_NE(SendMessageW(bar, TB_GETITEMRECT, tool, reinterpret_cast<LPARAM>(&area)), 0);

@@ -110,7 +110,7 @@ void OpenProfiles(HostedControl& control) {
     Receive(control.Viewer(), SampleMessage().Get());
     AnswerProfiles(control.Viewer(), kBothNames, L"AddProfiles");
     SetFocus(control.WindowOf(WC_LISTVIEWW));
-    PressProfiles(control);
+    Press(control, Tool::Profiles);
 }
 
 void OpenProfilesWithoutAny(HostedControl& control) {
@@ -118,13 +118,20 @@ void OpenProfilesWithoutAny(HostedControl& control) {
     Receive(control.Viewer(), SampleMessage().Get());
     AnswerProfiles(control.Viewer(), kBothNames, L"RemoveProfiles");
     SetFocus(control.WindowOf(WC_LISTVIEWW));
-    PressProfiles(control);
+    Press(control, Tool::Profiles);
 }
 
 void FailToLoad(HostedControl& control) {
     control.StartUp();
     SetFocus(control.WindowOf(WC_LISTVIEWW));
     Receive(control.Viewer(), BrokenMessage().Get());
+}
+
+void OpenAboutBox(HostedControl& control) {
+    control.StartUp();
+    Receive(control.Viewer(), SampleMessage().Get());
+    SetFocus(control.WindowOf(WC_LISTVIEWW));
+    Press(control, Tool::About);
 }
 
 const Person::Act kManage = Person::Keys({VK_UP, VK_RETURN});
@@ -148,6 +155,7 @@ const Moment kMoments[] = {
     {"Add", OpenProfiles, {kManage, kNew, Person::Name(L"New one")}, kAddProfiles},
     {"Remove", OpenProfiles, {kManage, Person::Line(1, L"Remove"), Person::Press(L"Yes")}, kRemoveProfiles},
     {"ErrorDialog", FailToLoad, {}},
+    {"AboutBox", OpenAboutBox, {}},
     {"Menu", OpenProfiles, {}},
     {"SaveAsDialog", OpenProfiles, {kSaveAs}},
     {"BadNameBox", OpenProfiles, {kSaveAs, Person::Name(L"a:b")}},

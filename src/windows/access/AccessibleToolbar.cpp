@@ -16,7 +16,8 @@ public:
     LONG Role() override { return Here().role; }
     LONG State() override {
         static_cast<void>(Here());
-        return WindowState();
+        const LONG focused = screen_.FocusedTool() == id_ ? STATE_SYSTEM_FOCUSED : 0;
+        return WindowState() | STATE_SYSTEM_FOCUSABLE | focused;
     }
     RECT Area() override {
         RECT area = Here().area;
@@ -57,6 +58,12 @@ AccessibleObject::Object AccessibleToolbar::ChildAt(POINT point) {
     for (const ToolbarScreen::Tool& tool : screen_.Tools())
         if (PtInRect(&tool.area, point)) return MakeObject<AccessibleTool>(SharedAnchor(), screen_, tool.id);
     return nullptr;
+}
+
+bool AccessibleToolbar::HasFocus(Object& child) {
+    const int id = screen_.FocusedTool();
+    if (id != 0) child = MakeObject<AccessibleTool>(SharedAnchor(), screen_, id);
+    return GetFocus() == Surface();
 }
 
 }  // namespace dlv

@@ -21,6 +21,8 @@ public:
     };
     /// The buttons that are to be seen.
     virtual std::vector<Tool> Tools() const = 0;
+    /// The command of the button that the keyboard is on; 0 for none.
+    virtual int FocusedTool() const = 0;
 };
 
 class AccessibleToolbar final : public AccessibleObject {
@@ -37,6 +39,7 @@ public:
     LONG ChildCount() override { return static_cast<LONG>(screen_.Tools().size()); }
     Object Child(LONG id) override;
     Object ChildAt(POINT point) override;
+    bool HasFocus(Object& child) override;
 
 private:
     const ToolbarScreen& screen_;

@@ -1,6 +1,7 @@
 #include "widgets/ListView.h"
 #include "windows/hwnd/GridWindow.h"
 #include "windows/hwnd/ListViewMirror.h"
+#include "windows/hwnd/PictureMirrors.h"
 #include "windows/hwnd/PlainMirrors.h"
 #include "windows/hwnd/TabMirror.h"
 #include "windows/hwnd/ToolbarMirror.h"
@@ -28,6 +29,8 @@ std::unique_ptr<Mirror> MakeMirror(FormWindows& form, Control& control) {
                       MakeFor<ListView, ListViewMirror>(form, control, mirror) ||
                       MakeFor<TabStrip, TabMirror>(form, control, mirror) ||
                       MakeFor<Toolbar, ToolbarMirror>(form, control, mirror) ||
+                      MakeFor<Image, ImageMirror>(form, control, mirror) ||
+                      MakeFor<Line, LineMirror>(form, control, mirror) ||
                       MakeFor<TextBox, TextBoxMirror>(form, control, mirror) ||
                       MakeFor<ListBox, ListBoxMirror>(form, control, mirror);
     static_cast<void>(made);

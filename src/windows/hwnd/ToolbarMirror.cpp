@@ -108,6 +108,15 @@ void ToolbarMirror::Mark(int index) {
     marked_ = index;
     SendMessageW(Handle(), TB_SETHOTITEM, static_cast<WPARAM>(index), 0);
     InvalidateRect(Handle(), nullptr, FALSE);
+    LONG child = 0;
+    for (int i = 0; i <= index; ++i)
+        if (IsButton(i)) ++child;
+    if (child > 0) NotifyWinEvent(EVENT_OBJECT_FOCUS, Handle(), OBJID_CLIENT, child);
+}
+
+int ToolbarMirror::FocusedTool() const {
+    const int marked = GetFocus() == Handle() ? Marked() : -1;
+    return IsButton(marked) ? kFirstId + marked : 0;
 }
 
 // The system's bar has keys of its own on some versions only.
@@ -202,6 +211,13 @@ LRESULT ToolbarMirror::DrawButton(const NMTBCUSTOMDRAW& draw) {
     const bool enabled = (draw.nmcd.uItemState & CDIS_DISABLED) == 0;
     DrawToolIcon(Canvas(draw.nmcd.hdc, Kept()), item->key, area,
                  enabled ? IconState::Normal : IconState::Disabled);
+    if (FocusedTool() == static_cast<int>(draw.nmcd.dwItemSpec)) {
+        RECT focus = draw.nmcd.rc;
+        InflateRect(&focus, -2, -2);
+        SetTextColor(draw.nmcd.hdc, Kept().palette.faceText);
+        SetBkColor(draw.nmcd.hdc, Kept().palette.face);
+        DrawFocusRect(draw.nmcd.hdc, &focus);
+    }
     return CDRF_DODEFAULT;
 }
 

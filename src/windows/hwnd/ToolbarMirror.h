@@ -29,6 +29,7 @@ protected:
 
 private:
     std::vector<Tool> Tools() const override;
+    int FocusedTool() const override;
     void AddButtons();
     LRESULT DrawButton(const NMTBCUSTOMDRAW& draw);
     /// By mouse, or in a way that needs none.

@@ -200,6 +200,13 @@ TEST_F(AccessibleTest, ControlsWithoutATextAreNamedByTheLabelBeforeThem) {
     EXPECT_TRUE(shown.done.empty()) << "not while the reader waits";
     shown.Paint();
     EXPECT_EQ(shown.done, std::vector<std::string>{"tool without mouse SaveGrid"});
+    SetFocus(shown.Of(shown.form.bar));
+    Variant focused;
+    EXPECT_EQ(bar->get_accFocus(focused.Address()), S_OK);
+    ASSERT_EQ(focused->vt, VT_DISPATCH) << "the button that the keyboard is on";
+    ComPtr<IAccessible> button;
+    focused->pdispVal->QueryInterface(IID_PPV_ARGS(&button));
+    EXPECT_EQ(NameOf(button.Get(), CHILDID_SELF), "Save");
 }
 
 TEST_F(AccessibleTest, AScriptReadsByNames) {

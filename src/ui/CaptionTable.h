@@ -101,6 +101,7 @@ inline constexpr CaptionRow kCaptionTable[] = {
     {"TechCount", "Technicians", "Técnicos", "Técnicos"},
     {"Total", "Total", "Total", "Total"},
     {"UseProfile", "Use Profile", "Usar perfil", "Usar perfil"},
+    {"Version", "Version", "Versão", "Versión"},
     {"View", "View", "Exibir", "Ver"},
     {"ViewDetails", "View Details", "Ver detalhes", "Ver detalles"},
     {"ViewTechCount", "View the technicians", "Ver os técnicos", "Ver los técnicos"},

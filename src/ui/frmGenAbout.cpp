@@ -72,10 +72,12 @@ double frmGenAbout::TextHeight(const Label& label, double width) const {
     int lines = 1;
     std::string line;
     for (const std::string& word : Split(text, ' ')) {
-        const std::string longer = line.empty() ? word : line + " " + word;
-        const bool fits = line.empty() || textWidth_(longer, label.Bold()) <= width;
-        if (!fits) ++lines;
-        line = fits ? longer : word;
+        const bool first = line.empty();
+        if (!first) line += ' ';
+        line += word;
+        if (first || textWidth_(line, label.Bold()) <= width) continue;
+        ++lines;
+        line = word;
     }
     return lines * kLine;
 }

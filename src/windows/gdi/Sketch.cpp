@@ -7,7 +7,6 @@ namespace dlv {
 
 namespace {
 
-constexpr int kFiner = 4;
 constexpr std::size_t kMostPoints = 12;
 
 /// A bitmap whose pixels can be read and written.
@@ -39,19 +38,20 @@ private:
     HGDIOBJ before_ = nullptr;
 };
 
-RGBQUAD Average(const Raster& fine, int x, int y) {
+/// Of the pixels that one is shown for.
+RGBQUAD Average(const Raster& fine, int finer, int x, int y) {
     int blue = 0;
     int green = 0;
     int red = 0;
-    for (int dy = 0; dy < kFiner; ++dy)
-        for (int dx = 0; dx < kFiner; ++dx) {
-            const RGBQUAD& pixel = fine.At(x * kFiner + dx, y * kFiner + dy);
+    for (int dy = 0; dy < finer; ++dy)
+        for (int dx = 0; dx < finer; ++dx) {
+            const RGBQUAD& pixel = fine.At(x * finer + dx, y * finer + dy);
             blue += pixel.rgbBlue;
             green += pixel.rgbGreen;
             red += pixel.rgbRed;
         }
-    constexpr int kCount = kFiner * kFiner;
-    const auto mean = [](int sum) { return static_cast<BYTE>((sum + kCount / 2) / kCount); };
+    const int count = finer * finer;
+    const auto mean = [count](int sum) { return static_cast<BYTE>((sum + count / 2) / count); };
     return {mean(blue), mean(green), mean(red), 0};
 }
 
@@ -72,7 +72,7 @@ void Sketch::Draw(const Canvas& canvas, const RECT& area, double unitsWide,
     draw(Sketch(fine.Dc(), fine.Width() / unitsWide));
     GdiFlush();
     for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) shown.At(x, y) = Average(fine, x, y);
+        for (int x = 0; x < width; ++x) shown.At(x, y) = Average(fine, kFiner, x, y);
     BitBlt(canvas.Dc(), area.left, area.top, width, height, shown.Dc(), 0, 0, SRCCOPY);
 }
 
@@ -95,7 +95,7 @@ void Sketch::Outline(double width, COLORREF colour, const Figure& figure) const 
 }
 
 void Sketch::Box(double left, double top, double right, double bottom, COLORREF fill) const {
-    const RECT area{At(left), At(top), At(right), At(bottom)};
+    const RECT area{Edge(left), Edge(top), Edge(right), Edge(bottom)};
     const Brush brush(CreateSolidBrush(fill));
     FillRect(dc_, &area, brush.Get());
 }
@@ -104,7 +104,8 @@ void Sketch::Box(double left, double top, double right, double bottom, COLORREF 
 void Sketch::Rounded(double left, double top, double right, double bottom, double radius,
                      COLORREF fill) const {
     Fill(fill, [&] {
-        RoundRect(dc_, At(left), At(top), At(right) + 1, At(bottom) + 1, At(2 * radius), At(2 * radius));
+        RoundRect(dc_, Edge(left), Edge(top), Edge(right) + 1, Edge(bottom) + 1, At(2 * radius),
+                  At(2 * radius));
     });
 }
 
@@ -116,7 +117,7 @@ void Sketch::Shape(std::initializer_list<Point> corners, COLORREF fill) const {
     std::array<POINT, kMostPoints> points{};
     int count = 0;
     for (const Point& corner : corners)
-        points[static_cast<std::size_t>(count++)] = {At(corner.x), At(corner.y)};
+        points[static_cast<std::size_t>(count++)] = {Edge(corner.x), Edge(corner.y)};
     Fill(fill, [&] { Polygon(dc_, points.data(), count); });
 }
 

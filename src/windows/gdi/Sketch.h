@@ -38,8 +38,13 @@ public:
                 COLORREF colour) const;
 
 private:
+    static constexpr int kFiner = 4;
     Sketch(HDC dc, double pixelsPerUnit) : dc_(dc), scale_(pixelsPerUnit) {}
     int At(double units) const { return static_cast<int>(std::lround(units * scale_)); }
+    /// On the border between two pixels that are shown, so that straight edges are sharp.
+    int Edge(double units) const {
+        return kFiner * static_cast<int>(std::floor(units * scale_ / kFiner + 0.5));
+    }
     template <class Figure>
     void Fill(COLORREF colour, const Figure& figure) const;
     template <class Figure>

@@ -21,5 +21,5 @@ try_package() {
     python3 -m zipfile -e "$1" "$folder" || return 1
     display_begin && wine_begin 96 bare || return 1
     trap 'wine_end; display_end' EXIT
-    (cd "$folder"/*/ && timeout -k 5 60 wine dlcheck.exe demo.exe && timeout -k 5 60 wine demo.exe --smoke)
+    (cd "$folder"/*/ && timeout -k 5 60 wine dlcheck.exe DashlonViewer.ocx && timeout -k 5 60 wine demo.exe --smoke)
 }

@@ -2,8 +2,6 @@
 
 #include "windows/com/PlainWindows.h"
 
-#include <commdlg.h>
-
 #include <algorithm>
 #include <vector>
 
@@ -12,6 +10,7 @@
 #include "windows/dialogs/DialogWatch.h"
 #include "windows/dialogs/ModalScope.h"
 #include "windows/hwnd/CommonControls.h"
+#include "windows/output/CommonDialogs.h"
 
 namespace dlv {
 
@@ -29,6 +28,7 @@ std::string ChooseSaveFile(WindowHost& host, const SaveDialog& dialog) {
     const DialogWatch watch(host, DialogWatch::Closing::Cancelled);
     const HostScope inHost;
 
+    const CommonDialogs dialogs;
     std::wstring filter = Wide(dialog.filter) + L'|';
     std::ranges::replace(filter, L'|', L'\0');
     const std::wstring folder = Wide(dialog.folder);
@@ -44,9 +44,9 @@ std::string ChooseSaveFile(WindowHost& host, const SaveDialog& dialog) {
     question.lpstrDefExt = extension.c_str();
     question.Flags = OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST |
                      OFN_NOREADONLYRETURN | OFN_NOCHANGEDIR | OFN_ENABLESIZING;
-    if (GetSaveFileNameW(&question))
+    if (dialogs.AskForFile(question))
         return host.Ending() ? std::string() : Narrow(std::wstring_view(name.data()));
-    if (CommDlgExtendedError() != 0) RaiseDevice();
+    if (dialogs.Failed()) RaiseDevice();
     return {};
 }
 

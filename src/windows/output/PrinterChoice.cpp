@@ -2,8 +2,6 @@
 
 #include "windows/com/PlainWindows.h"
 
-#include <commdlg.h>
-
 #include <utility>
 
 #include "base/RunTimeError.h"
@@ -11,6 +9,7 @@
 #include "windows/dialogs/DialogWatch.h"
 #include "windows/dialogs/ModalScope.h"
 #include "windows/hwnd/CommonControls.h"
+#include "windows/output/CommonDialogs.h"
 #include "windows/output/PrinterJob.h"
 
 namespace dlv {
@@ -35,7 +34,7 @@ public:
     /// Takes the person's own printer, without asking. False when there is none.
     bool TakeDefault() {
         question_.Flags = PD_RETURNDEFAULT;
-        return PrintDlgW(&question_) != FALSE;
+        return dialogs_.AskForPrinter(question_) != FALSE;
     }
 
     void Propose(Printer::Orientation orientation) {
@@ -52,8 +51,8 @@ public:
     bool Ask(HWND owner) {
         question_.hwndOwner = owner;
         question_.Flags = PD_RETURNDC | PD_ALLPAGES | PD_NOSELECTION | PD_USEDEVMODECOPIESANDCOLLATE;
-        if (PrintDlgW(&question_)) return true;
-        if (CommDlgExtendedError() != 0) RaisePrinter();
+        if (dialogs_.AskForPrinter(question_)) return true;
+        if (dialogs_.Failed()) RaisePrinter();
         return false;
     }
 
@@ -64,6 +63,7 @@ public:
     }
 
 private:
+    CommonDialogs dialogs_;
     PRINTDLGW question_{};
 };
 

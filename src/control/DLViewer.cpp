@@ -73,8 +73,8 @@ void DLViewer::Initialize(std::shared_ptr<CaptionSource> trans) {
         state.mDLV.Initialize(state.form);
         state.Layout();
         state.form.tbMain.ShowButton(kLastButton, true);
-        ApplyCaptions(state.form, state.captions);
-        state.ShowStatus("msg-WaitingforDLVData", false);
+        state.trap.Run("DLViewer.ApplyCaptions", [&] { ApplyCaptions(state.form, state.captions); });
+        state.trap.Run("DLViewer.Initialize", [&] { state.ShowStatus("msg-WaitingforDLVData", false); });
     });
 }
 

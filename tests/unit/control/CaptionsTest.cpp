@@ -6,7 +6,9 @@
 
 #include <algorithm>
 
+#include "base/RunTimeError.h"
 #include "base/Text.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/unit/control/TestViewer.h"
 
 namespace dlv {
@@ -81,6 +83,36 @@ TEST(Captions, AreAskedForInOrderAndSetWhereTheyBelong) {
     EXPECT_EQ(form.lblTechCount.figure.ToolTip(), "[ViewTechCount]")
         << "a click on the figure asks for them, too";
     EXPECT_EQ(form.lblTechCount.figure.Caption(), "") << "figures are no captions";
+}
+
+/// Knows no caption, and fails while it is `broken`.
+class Breaking : public CaptionSource {
+public:
+    std::optional<std::string> Caption(std::string_view) override {
+        if (broken) RaiseInvalidCall();
+        return std::nullopt;
+    }
+    std::optional<std::string> LanguageID() override { return std::nullopt; }
+    bool broken = true;
+};
+
+TEST(Captions, ThatFailAreReportedByWhoAskedForThem) {
+    test::TestViewer test;
+    const auto source = std::make_shared<Breaking>();
+    std::vector<std::string> reports;
+    test.host.work = [&](ModalForm& form) {
+        EXPECT_EQ(form.Caption(), "An Error Has Occurred");
+        reports.push_back(static_cast<Label*>(form.Find("lblErrNum"))->Caption() + ' ' +
+                          static_cast<Label*>(form.Find("lblErrLoc"))->Caption());
+    };
+    EXPECT_EQ(test::ErrorOf([&] { test.viewer.Initialize(source); }), 0);
+    test.Receive(std::make_shared<QZWebMessage>("DLVServerStopped"));
+    EXPECT_EQ(reports,
+              (std::vector<std::string>{"5 DLViewer.InitSingleBUGrid", "5 DLViewer.InitBUHierarchyGrid",
+                                        "5 DLViewer.InitBUHierarchyGrid", "5 DLViewer.ApplyCaptions",
+                                        "5 DLViewer.Initialize", "0 cDLVController.ReceiveMessage"}));
+    source->broken = false;
+    test.ExpectThatTheNextGoodMessageWorks();
 }
 
 /// A machine of that language. Notes captions that have no room where they stand, in a font whose characters

@@ -183,20 +183,24 @@ INSTANTIATE_TEST_SUITE_P(
         OrderCase{"StopControl", [](_DLViewer* v) { return v->StopControl(); }, kSucceeds, kSucceeds}));
 
 TEST(Transport, IsAskedForCaptionsAndLetGoByAStop) {
-    const ComPtr<_DLViewer> viewer = New<_DLViewer>(L"DLViewer");
+    HostedControl control;
     const auto transport = container::Make<ScriptObject>();
     transport->On(L"LanguageID", [](auto&, VARIANT& result) { return Return(result, _variant_t(L"PO")); });
     transport->On(L"Caption", [](auto& arguments, VARIANT& result) {
-        // Known by an error, by nothing, and by text.
+        // Not known by an error, by an empty text and by nothing; one is known.
         const std::wstring key = static_cast<const wchar_t*>(_bstr_t(arguments.at(0)));
-        if (key == L"Save") return E_FAIL;
-        return key == L"View" ? Return(result, _variant_t(L"Go")) : S_OK;
+        if (key == L"HoursWorked") return E_FAIL;
+        if (key == L"SelectionCriteria") return Return(result, _variant_t(L""));
+        return key == L"CurrentProductivity" ? Return(result, _variant_t(L"Now")) : S_OK;
     });
-    ASSERT_EQ(Initialize(viewer.Get(), transport.Get()), S_OK);
+    ASSERT_EQ(Initialize(control.Viewer(), transport.Get()), S_OK);
     EXPECT_GT(transport->CallsOf(L"Caption"), 10);
     EXPECT_EQ(transport->CallsOf(L"LanguageID"), 1);
+    for (const wchar_t* caption :
+         {L"Horas trabalhadas", L"Crit\x00E9rios de sele\x00E7\x00E3o", L"Horas restantes", L"Now"})
+        EXPECT_TRUE(Shows(control, caption)) << Narrow(std::wstring_view(caption));
     EXPECT_GT(ReferencesOf(transport.Get()), 1u);
-    ASSERT_EQ(viewer->StopControl(), S_OK);
+    ASSERT_EQ(control.Viewer()->StopControl(), S_OK);
     EXPECT_EQ(ReferencesOf(transport.Get()), 1u);
 }
 

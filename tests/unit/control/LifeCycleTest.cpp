@@ -47,9 +47,42 @@ TEST(LifeCycle, GivesTheToolBarAndViewToThoseWhoHaveData) {
     test.Receive(test::GoodTables());
     EXPECT_EQ(Buttons(test.viewer), "123456");
     EXPECT_TRUE(test.viewer.Controls().cmdView.Enabled());
+    const ListView& list = test.viewer.Controls().lvBU;
+    EXPECT_EQ(list.ColumnWidth(), list.Width() - Pixels(21)) << "room for the scroll bar";
     test.viewer.StopControl();
     EXPECT_EQ(Buttons(test.viewer), "35");
     EXPECT_FALSE(test.viewer.Controls().cmdView.Enabled());
+}
+
+TEST(RefreshTimes, AreWrittenInTheFormatOfTheLanguageAndHiddenBefore) {
+    test::TestViewer test;
+    ViewerForm& form = test.viewer.Controls();
+    const auto shown = [&] {
+        std::string text;
+        for (const Label* label : {&form.lblLastRefreshTime, &form.lblNextRefreshTime})
+            text += label->Caption() + (label->Visible() ? " | " : " hidden | ");
+        return text + (form.lblLastTime.Visible() && form.lblNextTime.Visible() ? "headings" : "");
+    };
+    test.Start({"A", "B"});
+    EXPECT_EQ(shown(), " hidden |  hidden | ");
+    test.host.now = (10 * 60 + 50) * 60;
+    const struct {
+        test::Rows formats;
+        const char* interval;
+        const char* shown;
+    } rows[] = {{{{"EN", "h:nn AM/PM"}}, "1e999", "10:50 AM hidden |  hidden | "},
+                {{{"EN", "h:nn AM/PM"}}, "15", "10:50 AM | 11:05 AM | headings"},
+                {{{"EN", "h:nn AM/PM"}, {"PO", "hh\\hnn"}}, "75.5", "10h50 | 12h05 | headings"},
+                {{{"SP", "h"}}, "-60", "10:50:00 | 09:50:00 | headings"}};
+    test.viewer.SetRegionalFormatInfo("PO");
+    for (const auto& row : rows) {
+        test::Tables tables = test::GoodTables();
+        tables.formats = row.formats;
+        const auto message = tables.Message();
+        message->SetProperty("tqDBRefreshInterval", row.interval);
+        test.Receive(message);
+        EXPECT_EQ(shown(), row.shown);
+    }
 }
 
 TEST(LifeCycle, RefusesCallsOutOfTheirOrder) {

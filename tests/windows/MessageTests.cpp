@@ -198,7 +198,7 @@ TEST(Transport, IsAskedForCaptionsAndLetGoByAStop) {
     EXPECT_EQ(transport->CallsOf(L"LanguageID"), 1);
     for (const wchar_t* caption :
          {L"Horas trabalhadas", L"Crit\x00E9rios de sele\x00E7\x00E3o", L"Horas restantes", L"Now"})
-        EXPECT_TRUE(Shows(control, caption)) << Narrow(std::wstring_view(caption));
+        EXPECT_TRUE(Shows(control, caption)) << testing::PrintToString(std::wstring(caption));
     EXPECT_GT(ReferencesOf(transport.Get()), 1u);
     ASSERT_EQ(control.Viewer()->StopControl(), S_OK);
     EXPECT_EQ(ReferencesOf(transport.Get()), 1u);

@@ -110,6 +110,8 @@ TEST(LifeCycle, LetsEverythingGoWhenTheOutermostCallEnds) {
         auto captions = std::make_shared<KeptCaptions>();
         const std::weak_ptr<CaptionSource> alive = captions;
         test.viewer.Initialize(std::move(captions));
+        test.Receive(test::GoodTables());
+        EXPECT_EQ(test.viewer.Inner().mDLV.BUs()->Count(), 2u);
         if (inside) {
             test.host.inside = [&](const std::string& way) {
                 if (way != "event 4") return;

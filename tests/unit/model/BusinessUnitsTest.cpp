@@ -50,7 +50,7 @@ struct PlainModel {
         std::vector<Type> types;
         std::vector<Class> totals;
         Counters grandTotals{};
-        float wosPerHour = 0, ptsPerHrReq = 0;
+        std::array<float, 4> rates{};
     };
     std::vector<Unit> units;
 
@@ -100,8 +100,9 @@ struct PlainModel {
                     unit.grandTotals[s] = AddChecked(unit.grandTotals[s], jobClass.counters[s]);
                 }
         for (std::size_t i = 0; i < unit.totals.size(); ++i) unit.totals[i].counters = sums[i];
-        unit.wosPerHour = Rate(unit.grandTotals[kWOCompleted], unit.hoursWorked);
-        unit.ptsPerHrReq = Rate(unit.grandTotals[kPtsOpen], unit.hoursRemaining);
+        unit.rates = {
+            Rate(unit.grandTotals[4], unit.hoursWorked), Rate(unit.grandTotals[0], unit.hoursRemaining),
+            Rate(unit.grandTotals[11], unit.hoursWorked), Rate(unit.grandTotals[7], unit.hoursRemaining)};
     }
 };
 
@@ -183,8 +184,8 @@ TEST(BusinessUnits, LoadAndTotalAsTheStepsSay) {
             for (const auto& total : expected.totals) expectedClasses += total.code + Texts(total.counters);
             EXPECT_EQ(classes, expectedClasses) << "seed " << seed;
             EXPECT_EQ(Texts(unit.GrandTotals), Texts(expected.grandTotals)) << "seed " << seed;
-            EXPECT_EQ(unit.WOsPerHour, expected.wosPerHour);
-            EXPECT_EQ(unit.PtsPerHrReq, expected.ptsPerHrReq);
+            EXPECT_EQ((std::array{unit.WOsPerHour, unit.WOsPerHrReq, unit.PtsPerHour, unit.PtsPerHrReq}),
+                      expected.rates);
         }
         EXPECT_EQ(model.BUItem(0), nullptr);
         EXPECT_EQ(model.Item("nobody"), nullptr);

@@ -172,7 +172,7 @@ void SummaryView::ShowEmptyTotal() {
     grid.SetText(kTotalRow, kClassColumn, captions_.Caption("Total"));
     for (int column = kFirstCounter; column < kColumns; ++column) grid.SetWhole(kTotalRow, column, 0);
     grid.SetRowBold(kTotalRow, true);
-    grid.SetRowBackColour(kTotalRow, kGroupColour);
+    grid.SetRowBackColour(kTotalRow, kGroupColour, kClassColumn);
 }
 
 void SummaryView::GroupByJobType() {

@@ -231,9 +231,14 @@ std::optional<Colour> OutlineGrid::RowBackColour(int row) const {
     return state.coloured ? std::optional<Colour>(state.colour) : std::nullopt;
 }
 
-void OutlineGrid::SetRowBackColour(int row, std::optional<Colour> colour) {
+std::optional<Colour> OutlineGrid::CellBackColour(int row, int column) const {
+    return column < FirstColouredColumn(row) ? std::nullopt : RowBackColour(row);
+}
+
+void OutlineGrid::SetRowBackColour(int row, std::optional<Colour> colour, int firstColumn) {
     Row& state = State(row);
     Assign(state.coloured, colour.has_value());
+    Assign(state.firstColoured, firstColumn);
     Assign(state.colour, colour.value_or(0));
 }
 

@@ -104,7 +104,10 @@ public:
     void SetHeaderRowHeight(int row, double factor);
 
     std::optional<Colour> RowBackColour(int row) const;
-    void SetRowBackColour(int row, std::optional<Colour> colour);
+    /// The cells to the left of `firstColumn` stay without a colour.
+    void SetRowBackColour(int row, std::optional<Colour> colour, int firstColumn = 0);
+    std::optional<Colour> CellBackColour(int row, int column) const;
+    int FirstColouredColumn(int row) const { return State(row).firstColoured; }
     bool RowBold(int row) const { return State(row).bold; }
     void SetRowBold(int row, bool bold);
     std::optional<Colour> HeaderColour(int row, int column) const;
@@ -182,6 +185,7 @@ private:
         bool bold = false;
         bool coloured = false;
         Colour colour = 0;
+        std::int32_t firstColoured = 0;
     };
     struct Column {
         double width = Pixels(64);

@@ -122,7 +122,7 @@ void GridPainter::PaintCell(int index, int row, int column) const {
     const std::optional<OutlineGrid::Block> selection = grid_.Selection();
     const bool selected = selection && column >= grid_.TreeColumn() && selection->Holds(row, column);
     const bool held = selected && focus_ != GridFocus::None;
-    const std::optional<Colour> colour = grid_.RowBackColour(row);
+    const std::optional<Colour> colour = grid_.CellBackColour(row, column);
     const COLORREF ground = held ? colours.selected : selected ? colours.resting : colours.Ground(colour);
     const COLORREF ink = held       ? colours.selectedText
                          : selected ? colours.restingText
@@ -205,6 +205,7 @@ std::size_t RowFingerprint(const OutlineGrid& grid, int index) {
                          (grid.RowBold(row) ? 1 : 0) | (grid.IsNode(row) && grid.HasChildren(row) ? 2 : 0) |
                              (grid.IsCollapsed(row) ? 4 : 0),
                          static_cast<int>(grid.RowBackColour(row).value_or(0xFFFFFFFF)),
+                         grid.FirstColouredColumn(row),
                          grid.CurrentRow() == row ? grid.CurrentColumn() : -1,
                          selected ? selection->firstColumn : -1,
                          selected ? selection->lastColumn : -1};

@@ -154,12 +154,19 @@ TEST(GridPages, ShowColoursAndBoldAsOnTheScreen) {
     Tree tree(2, 1);
     tree.grid.SetRowBackColour(3, 0xE0E0E0);
     tree.grid.SetRowBold(3, true);
+    tree.grid.SetRowBackColour(4, 0xD0D0D0, 2);
     const PrintedPage page = tree.Pages().Page(1);
     const auto has = [&](Colour colour) {
         return std::ranges::count(page.areas, colour, &PrintedPage::Area::colour);
     };
     EXPECT_EQ(has(0x123456), 1);
     EXPECT_EQ(has(0xE0E0E0), 1);
+    const auto area = [&](Colour colour) {
+        return *std::ranges::find(page.areas, colour, &PrintedPage::Area::colour);
+    };
+    EXPECT_GT(area(0xD0D0D0).place.left, area(0xE0E0E0).place.left);
+    EXPECT_NEAR(area(0xD0D0D0).place.left + area(0xD0D0D0).place.width,
+                area(0xE0E0E0).place.left + area(0xE0E0E0).place.width, 1e-6);
     const auto find = [&](const char* text) {
         return *std::ranges::find(page.texts, text, &PrintedPage::Text::text);
     };

@@ -114,19 +114,33 @@ std::optional<RECT> GridLayout::NodeBox(int index) const {
     return RECT{left, top, left + size, top + size};
 }
 
-std::optional<GridLayout::Hit> GridLayout::HitTest(POINT point) const {
+std::optional<int> GridLayout::ColumnAt(POINT point) const {
     if (point.x < 0 || point.y < 0 || point.x >= inner_.cx || point.y >= inner_.cy) return std::nullopt;
     const auto edge = std::upper_bound(edges_.begin(), edges_.end(), static_cast<int>(point.x) + scrolled_);
     if (edge == edges_.end()) return std::nullopt;
-    const int column = static_cast<int>(edge - edges_.begin()) - 1;
+    return static_cast<int>(edge - edges_.begin()) - 1;
+}
+
+int GridLayout::IndexAt(POINT point) const {
+    return top_ + (static_cast<int>(point.y) - headerHeight_) / rowHeight_;
+}
+
+std::optional<int> GridLayout::ColumnBelowRows(POINT point) const {
+    const bool below = point.y >= headerHeight_ && IndexAt(point) >= grid_.FixedRows() + DataRows();
+    return below ? ColumnAt(point) : std::nullopt;
+}
+
+std::optional<GridLayout::Hit> GridLayout::HitTest(POINT point) const {
+    const std::optional<int> column = ColumnAt(point);
+    if (!column) return std::nullopt;
     if (point.y < headerHeight_) {
         const auto top = std::upper_bound(headerTops_.begin(), headerTops_.end(), static_cast<int>(point.y));
-        return Hit{static_cast<int>(top - headerTops_.begin()) - 1, column, false};
+        return Hit{static_cast<int>(top - headerTops_.begin()) - 1, *column, false};
     }
-    const int index = top_ + (static_cast<int>(point.y) - headerHeight_) / rowHeight_;
+    const int index = IndexAt(point);
     if (index >= grid_.FixedRows() + DataRows()) return std::nullopt;
-    Hit hit{grid_.DisplayedRows()[Index(index)], column, false};
-    if (const std::optional<RECT> box = NodeBox(index); box && column == grid_.TreeColumn()) {
+    Hit hit{grid_.DisplayedRows()[Index(index)], *column, false};
+    if (const std::optional<RECT> box = NodeBox(index); box && *column == grid_.TreeColumn()) {
         RECT target = *box;
         InflateRect(&target, scale_(3), scale_(3));
         hit.onNodeBox = PtInRect(&target, point) != 0;
@@ -141,7 +155,7 @@ std::optional<GridLayout::Hit> GridLayout::NearestCell(POINT point) const {
     point.x =
         std::clamp(point.x, rows.left, std::max(rows.left, std::min(rows.right, RowArea(last).right) - 1));
     point.y = std::clamp(point.y, rows.top, rows.bottom - 1);
-    const int index = top_ + (static_cast<int>(point.y) - headerHeight_) / rowHeight_;
+    const int index = IndexAt(point);
     const auto edge = std::upper_bound(edges_.begin(), edges_.end(), static_cast<int>(point.x) + scrolled_);
     const int column = std::min(static_cast<int>(edge - edges_.begin()) - 1, grid_.Columns() - 1);
     return Hit{grid_.DisplayedRows()[Index(index)], column, false};

@@ -57,6 +57,8 @@ public:
         bool onNodeBox;
     };
     std::optional<Hit> HitTest(POINT point) const;
+    /// The column that a point below all rows stands in.
+    std::optional<int> ColumnBelowRows(POINT point) const;
     /// The data cell nearest to a point, also to one outside; nothing when there is no such row.
     std::optional<Hit> NearestCell(POINT point) const;
     /// The column whose right edge the point is at, in the header, where the edge can be taken hold of.
@@ -66,6 +68,9 @@ private:
     static std::size_t Index(int value) { return static_cast<std::size_t>(value); }
     void PlaceColumns(SIZE outer, int barSize);
     int DataRows() const;
+    std::optional<int> ColumnAt(POINT point) const;
+    /// The place among the displayed rows of a point below the header, where there may be no row.
+    int IndexAt(POINT point) const;
 
     const OutlineGrid& grid_;
     Scale scale_;

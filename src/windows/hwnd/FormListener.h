@@ -28,7 +28,7 @@ public:
     virtual void LineChosen(ListBox& /*list*/) {}
     /// `button` as the mouse handlers of forms count: 1 left, 2 right, 4 middle.
     virtual void GridPressed(OutlineGrid& /*grid*/, int /*button*/) {}
-    /// The cell under the mouse; (-1, -1) outside all cells.
+    /// The cell under the mouse, below all rows that of the last row; (-1, -1) outside all columns.
     virtual void GridDoubleClicked(OutlineGrid& /*grid*/, int /*row*/, int /*column*/) {}
     virtual void GridKeyPressed(OutlineGrid& /*grid*/, int /*key*/, bool /*shift*/) {}
     /// What the figure in a cell stands for, in words; empty where there is nothing to say.

@@ -82,6 +82,8 @@ void GridMouse::OnPressed(UINT message, POINT point, WPARAM keys) {
     if (!IsDoubleClick(message)) return;
     if (hit)
         listener.GridDoubleClicked(grid_, hit->row, hit->column);
+    else if (const std::optional<int> column = layout.ColumnBelowRows(point))
+        listener.GridDoubleClicked(grid_, grid_.Rows() - 1, *column);
     else
         listener.GridDoubleClicked(grid_, -1, -1);
 }

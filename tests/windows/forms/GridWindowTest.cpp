@@ -40,6 +40,9 @@ TEST_F(GridWindowTest, PaintsColoursOfTheState) {
     EXPECT_EQ(PixelAt({root.left + 3, root.top + 3}), kGrey);
     RECT unit = Layout().CellArea(3, 3);
     EXPECT_EQ(PixelAt({unit.left + 3, unit.top + 3}), GetSysColor(COLOR_WINDOW));
+    shown.Change([&] { grid.SetRowBackColour(2, 0xD0D0D0, 4); });
+    shown.Paint();
+    EXPECT_EQ(PixelAt({root.left + 3, root.top + 3}), GetSysColor(COLOR_WINDOW)) << "only column 4 on";
 }
 
 TEST_F(GridWindowTest, MergesEqualCaptionsOfTheFirstHeaderRow) {
@@ -104,6 +107,16 @@ TEST_F(GridWindowTest, ADoubleClickNamesTheCellUnderTheMouse) {
     Click(window, {Layout().ColumnsWidth() + 5, 100}, WM_RBUTTONDBLCLK);
     EXPECT_EQ(shown.done,
               (std::vector<std::string>{"press 1", "press 1", "double 4 2", "press 2", "double -1 -1"}));
+}
+
+TEST_F(GridWindowTest, ADoubleClickBelowTheRowsNamesTheLastRow) {
+    Fill(5);
+    shown.Change([&] { grid.SetCollapsed(2, true); });
+    const POINT below{CellMiddle(2, 3).x, CellMiddle(2, 3).y + 40};
+    Click(window, below);
+    EXPECT_EQ(grid.CurrentRow(), 2) << "the current cell stays";
+    Click(window, below, WM_LBUTTONDBLCLK);
+    EXPECT_EQ(shown.done, (std::vector<std::string>{"press 1", "press 1", "double 7 3"}));
 }
 
 TEST_F(GridWindowTest, AClickOnTheHeaderLeavesTheCurrentCell) {

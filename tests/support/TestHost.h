@@ -26,6 +26,7 @@ public:
     Answer answer = Answer::Ok;
     /// The file that is chosen, and the files and pages that came of it.
     std::string file;
+    SaveDialog lastDialog;
     std::map<std::string, std::string> files;
     std::vector<PrintedPage> pages;
     Paper paper{.width = 16838, .height = 11906};
@@ -72,6 +73,7 @@ public:
         return answer;
     }
     std::string ChooseSaveFile(const SaveDialog& dialog) override {
+        lastDialog = dialog;
         GoOut("save in \"" + dialog.folder + "\"");
         return file;
     }

@@ -10,6 +10,7 @@
 #include "base/Text.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/unit/control/TestViewer.h"
+#include "ui/frmGenAbout.h"
 
 namespace dlv {
 
@@ -164,6 +165,22 @@ private:
 
     std::string language_;
 };
+
+TEST(Captions, NameVersionAndButtonOfTheAboutBox) {
+    for (const auto& [language, words] :
+         {std::pair{"EN", "Version OK"}, {"PO", "Versão OK"}, {"SP", "Versión Aceptar"}}) {
+        NarrowHost host(language);
+        std::string shown;
+        host.work = [&](ModalForm& form) {
+            auto& box = dynamic_cast<frmGenAbout&>(form);
+            shown = box.lblVerText.Caption() + ' ' + box.cmdOK.Caption();
+        };
+        DLViewer viewer(host, host);
+        viewer.Initialize(nullptr);
+        viewer.tbMain_ButtonClick("Help");
+        EXPECT_EQ(shown, words);
+    }
+}
 
 TEST(Captions, HaveRoomInEveryLanguageWhereTheyStand) {
     for (const char* language : {"EN", "PO", "SP"})

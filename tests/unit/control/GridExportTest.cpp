@@ -55,6 +55,7 @@ TEST(SavedGrid, HoldsEveryColumnAndRowOfTheGridInView) {
     EXPECT_NE(hierarchy.find("\"a \"\"b\"\",\r\nc\xEF\xBF\xBD\",1,0,0,"), std::string::npos) << hierarchy;
     const std::vector<std::string> dialogs = {"save in \"\"", "save in \"C:\\Data\""};
     EXPECT_EQ(viewer.host.Shown(), dialogs);
+    EXPECT_EQ(viewer.host.lastDialog.filter, "Comma-separated Files (*.csv)|*.csv");
 }
 
 TEST(SavedGrid, RemembersTheFolderOfTheLastFile) {

@@ -68,6 +68,9 @@ TEST_P(AboutBox, HasItsPartsWhereTheirSizesPutThem) {
     EXPECT_EQ(PlaceOf(box.lblVerText), texts.word);
     EXPECT_EQ(PlaceOf(box.cmdOK), texts.button);
     EXPECT_EQ(box.lblVersion.Left(), box.lblVerText.Left());
+    const Label* const shown[] = {&box.lblTitle, &box.lblDescription, &box.lblComments, &box.lblRights};
+    const std::size_t lengths[] = {texts.product, texts.description, texts.comments, texts.rights};
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(shown[i]->Caption(), Words(lengths[i])) << shown[i]->Name();
     EXPECT_EQ(box.Width(), Pixels(texts.width));
     EXPECT_EQ(box.Height(), Pixels(texts.height));
 }
@@ -134,6 +137,15 @@ const Texts kTexts[] = {
      676,
      229},
 };
+
+TEST(AboutBoxAlone, NeedsNoOwner) {
+    test::TestHost host;
+    Outside outside(host, host);
+    frmGenAbout box(outside, [](std::string_view, bool) { return 0.0; });
+    box.ShowAbout("title", "", "", "", "", "1.2.3", nullptr);
+    EXPECT_EQ(box.Caption() + box.lblVersion.Caption(), "title1.2.3");
+    EXPECT_EQ(host.Shown(), std::vector<std::string>{"frmGenAbout"});
+}
 
 INSTANTIATE_TEST_SUITE_P(Texts, AboutBox, testing::ValuesIn(kTexts));
 

@@ -83,6 +83,8 @@ TEST(Captions, AreAskedForInOrderAndSetWhereTheyBelong) {
     EXPECT_EQ(keys->asked, order);
     EXPECT_EQ(form.lblTechCount.figure.ToolTip(), "[ViewTechCount]")
         << "a click on the figure asks for them, too";
+    for (const Label* label : {&form.lblTechCount.heading, &form.lblTechCount.figure, &form.lblWODone.figure})
+        EXPECT_EQ(label->Clickable(), label != &form.lblWODone.figure) << label->Name();
     EXPECT_EQ(form.lblTechCount.figure.Caption(), "") << "figures are no captions";
 }
 

@@ -30,6 +30,8 @@ TEST(GridKeysTable, ShiftChangesOnlyWhatItIsPartOf) {
     EXPECT_EQ(CommandForKey(kUp, Modifiers::ControlShift), GridCommand::ScrollUp);
     EXPECT_EQ(CommandForKey(kMinus, Modifiers::Shift), GridCommand::CloseAllBelow);
     EXPECT_EQ(CommandForKey('C', Modifiers::Shift), std::nullopt);
+    for (const Modifiers with : {Modifiers::Control, Modifiers::ControlShift})
+        EXPECT_EQ(CommandForKey(0x0D, with), std::nullopt) << "Enter";
     EXPECT_EQ(CommandForKey('C', Modifiers::None), std::nullopt);
     EXPECT_EQ(CommandForKey(0, Modifiers::None), std::nullopt);
     EXPECT_EQ(CommandForCharacter('c'), std::nullopt);

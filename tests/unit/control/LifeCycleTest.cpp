@@ -1,8 +1,6 @@
 // From before the start to after the stop: which calls act, and what of the form follows.
 #include <gtest/gtest.h>
 
-#include <utility>
-
 #include "tests/support/ErrorOf.h"
 #include "tests/unit/control/TestViewer.h"
 
@@ -165,38 +163,6 @@ TEST(Layout, IsTheFirstOneOnce) {
     EXPECT_EQ(form.cmdView.Left(), Pixels(856) * 0.67) << "the panel keeps its least width";
 }
 
-/// Fails once, when it is asked for that key.
-class FailingCaptions : public KeptCaptions {
-public:
-    explicit FailingCaptions(std::string key) : key_(std::move(key)) {}
-    std::optional<std::string> Caption(std::string_view key) override {
-        if (key == std::exchange(key_, key == key_ ? "" : key_)) RaiseInvalidCall();
-        return std::nullopt;
-    }
-
-private:
-    std::string key_;
-};
-
-TEST(Layout, ReportsGridsThatCannotBeLaidOut) {
-    const std::pair<const char*, const char*> rows[] = {
-        {"JobTypesAndJobClasses", "DLViewer.InitSingleBUGrid 12 rows, 5"},
-        {"Productivity", "DLViewer.InitBUHierarchyGrid 2 rows, 5"}};
-    for (const auto& [key, report] : rows) {
-        test::TestViewer test;
-        std::string reported;
-        test.host.work = [&](ModalForm& form) {
-            const auto& error = dynamic_cast<frmError&>(form);
-            const int rowsMade = test.Grid(key[0] == 'J' ? 0 : 1).Rows();
-            reported += error.lblErrLoc.Caption() + ' ' + std::to_string(rowsMade) + " rows, " +
-                        error.lblErrNum.Caption();
-        };
-        test.viewer.Initialize(std::make_shared<FailingCaptions>(key));
-        EXPECT_EQ(reported, report);
-        EXPECT_EQ(test.Grid(2).CellText(1, 11), "Points per Hour") << "the start goes on";
-    }
-}
-
 TEST(Fill, ShowsTheSummaryAndFitsTheGridsToTheirRows) {
     test::TestViewer test;
     test.Start({"A", "B"});
@@ -220,6 +186,9 @@ TEST(Fill, ShowsTheSummaryAndFitsTheGridsToTheirRows) {
     nothing.units.pop_back();
     test.Receive(nothing);
     EXPECT_EQ(heights(), (std::vector<double>{1339, 1594, 1594}));
+    test.host.height = 0;
+    test.viewer.UserControl_Resize();
+    EXPECT_EQ(heights(), (std::vector<double>{1339, 990, 990})) << "but not beyond the frame";
     EXPECT_EQ(test.Grid(0).RowBackColour(2), 0xE0E0E0u);
     EXPECT_EQ(test.Grid(0).FirstColouredColumn(2), 2) << "the margin of the empty total has no colour";
 }

@@ -24,6 +24,7 @@ public:
     /// What a person does with a form that is shown.
     std::function<void(ModalForm& form)> work = [](ModalForm&) {};
     Answer answer = Answer::Ok;
+    MessageBox lastBox;
     /// The file that is chosen, and the files and pages that came of it.
     std::string file;
     SaveDialog lastDialog;
@@ -69,6 +70,7 @@ public:
         work(form);
     }
     Answer ShowMessageBox(const MessageBox& box) override {
+        lastBox = box;
         GoOut("box " + box.text);
         return answer;
     }

@@ -112,6 +112,8 @@ TEST(LifeCycle, LetsEverythingGoWhenTheOutermostCallEnds) {
         test.viewer.Initialize(std::move(captions));
         test.Receive(test::GoodTables());
         EXPECT_EQ(test.viewer.Inner().mDLV.BUs()->Count(), 2u);
+        test.viewer.SetSessionBUIDList(std::vector<std::string>{"A"});
+        test.viewer.ReceiveProfileResponse("", "GetProfiles");
         if (inside) {
             test.host.inside = [&](const std::string& way) {
                 if (way != "event 4") return;
@@ -124,7 +126,10 @@ TEST(LifeCycle, LetsEverythingGoWhenTheOutermostCallEnds) {
         }
         EXPECT_TRUE(alive.expired());
         EXPECT_EQ(test.viewer.Depth(), 0);
-        EXPECT_EQ(test.viewer.Inner().mDLV.BUs()->Count(), 0u);
+        const DLViewer::State& inner = test.viewer.Inner();
+        EXPECT_EQ(inner.mDLV.BUs()->Count(), 0u);
+        EXPECT_EQ(inner.sessionUnits.Count() + inner.profiles.names.Count() + inner.profiles.set.Count(), 0u);
+        EXPECT_EQ(inner.profiles.current, nullptr);
     }
 }
 
@@ -137,8 +142,15 @@ TEST(Layout, MovesFramesBeforeTheStart) {
         EXPECT_EQ(test.viewer.Controls().fraDLV.Width(), Pixels(width));
         EXPECT_EQ(test.viewer.Controls().vsFlex[0].Columns(), 0) << "the grids wait for captions";
     }
+    ViewerForm& form = test.viewer.Controls();
+    form.optBU.Select(1);
+    form.optDisplay.Select(1);
+    test.viewer.optDisplay_Click(1);
     test.viewer.Initialize(nullptr);
-    EXPECT_EQ(test.viewer.Controls().vsFlex[0].Columns(), 17);
+    EXPECT_EQ(form.vsFlex[0].Columns(), 17);
+    EXPECT_EQ(form.optBU.Selected(), 0);
+    EXPECT_EQ(form.optDisplay.Selected(), 0);
+    EXPECT_TRUE(form.vsFlex[1].Visible());
 }
 
 TEST(Layout, IsTheFirstOneOnce) {
@@ -151,6 +163,7 @@ TEST(Layout, IsTheFirstOneOnce) {
     test.viewer.optDisplay_Click(1);
     test.viewer.ReceiveMessage({"QZWebMessage", std::make_shared<QZWebMessage>("DLVServerStopped")}, 0, "");
     const std::string total = test.Row(0, 2);
+    const double fitted = form.vsFlex[0].Height();
     test.host.width = Pixels(700);
     test.viewer.UserControl_Resize();
     EXPECT_EQ(form.optBU.Selected(), 1);
@@ -159,6 +172,8 @@ TEST(Layout, IsTheFirstOneOnce) {
     EXPECT_TRUE(form.lblStatus.Visible());
     EXPECT_NE(form.lblStatus.Caption(), "");
     EXPECT_EQ(test.Row(0, 2), total);
+    EXPECT_EQ(form.vsFlex[0].Height(), fitted) << "as high as its rows";
+    EXPECT_LT(fitted, Pixels(300));
     EXPECT_EQ(form.fraBU[0].Width(), form.Tabs.ClientArea().width);
     EXPECT_EQ(form.cmdView.Left(), Pixels(856) * 0.67) << "the panel keeps its least width";
 }

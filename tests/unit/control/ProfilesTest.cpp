@@ -187,7 +187,65 @@ TEST_F(Profiles, ThatTheHostNeverGivesLeaveTheControlUsable) {
             EXPECT_EQ(host.Shown().size(), 1u) << event;
             EXPECT_TRUE(viewer.Controls().fraDLV.Enabled());
         }
+    viewer.ReceiveProfileResponse(
+        R"(<WebTable Name="Error"><row ErrorNumber="7" ErrorDescription="no"/></WebTable>)", "getProfiles");
+    EXPECT_EQ(Pointer(), kDefaultPointer) << "an answer to nothing that was asked";
+    EXPECT_EQ(host.ways.back(), "event 5") << "and nothing else";
     ExpectThatTheNextGoodMessageWorks();
+}
+
+TEST_F(Profiles, GetTheirSectionsWhenTheyAreSavedAtTheLatest) {
+    viewer.Initialize(nullptr);
+    viewer.SetSessionBUIDList(std::vector<std::string>{"A", "B"});
+    EXPECT_EQ(Saved(), "") << "there is none";
+    viewer.Controls().optBU.Select(1);
+    viewer.Controls().optDisplay.Select(1);
+    viewer.optDisplay_Click(1);
+    Receive(test::GoodTables());
+    EXPECT_EQ(viewer.Controls().optBU.Selected(), 0) << "the view that a profile without settings gives";
+    EXPECT_EQ(viewer.Controls().optDisplay.Selected(), 0);
+    EXPECT_TRUE(Grid(1).Visible());
+    EXPECT_TRUE(viewer.Controls().lvBU.Items()[0].selected);
+    EXPECT_FALSE(viewer.Controls().lblProfile.Visible());
+    host.ways.clear();
+    EXPECT_EQ(Saved(), "<WebProfiles></WebProfiles>") << "what the data were shown with is of no set";
+    EXPECT_EQ(host.Shown(), (std::vector<std::string>{"event 5", "event 5"}));
+    Saved();
+    EXPECT_EQ(host.Shown().size(), 3u);
+}
+
+TEST_F(Profiles, ThatNoDocumentCanHoldAreReportedAndNotSent) {
+    StartWith(kAnswerOfNoUse);
+    EXPECT_TRUE(viewer.Controls().lblProfile.Visible());
+    EXPECT_TRUE(viewer.Controls().lblCurrentProfile.Visible());
+    const std::string control = "\x01";
+    viewer.SetSessionBUIDList(std::vector<std::string>{"A", control});
+    viewer.ReceiveProfileResponse(kAnswerOfNoUse, "GetProfiles");
+    test::Tables tables = test::GoodTables();
+    tables.units.push_back({control, "odd", "#"});
+    tables.general.push_back({control, "1", "1", "1"});
+    Receive(tables);
+    std::string failed;
+    host.work = [&](ModalForm& form) {
+        if (auto* name = static_cast<TextBox*>(form.Find("txtName"))) {
+            name->SetText(control);
+            form.Click(static_cast<Button&>(*form.Find("cmdOK")));
+        } else {
+            failed = static_cast<Label&>(*form.Find("lblErrNum")).Caption() + " " +
+                     static_cast<Label&>(*form.Find("lblErrLoc")).Caption();
+        }
+    };
+    ViewAll();
+    EXPECT_EQ(Saved(), "");
+    EXPECT_EQ(failed, "1003 DLViewer.UpdateCurrentProfile");
+    viewer.Controls().lvBU.ClearSelection();
+    viewer.Controls().lvBU.SetSelected(0, true);
+    host.ways.clear();
+    viewer.mnuSaveProfileAs_Click();
+    EXPECT_EQ(failed, "1003 DLViewer.SaveProfileAs");
+    EXPECT_EQ(host.Shown(), (std::vector<std::string>{"frmNewProfile", "frmError"}));
+    EXPECT_EQ(Pointer(), kDefaultPointer);
+    EXPECT_NE(Saved().find("BUList=\"A\""), std::string::npos);
 }
 
 TEST_F(Profiles, AnsweredInsideEachEventWithoutEndDoNotUseUpTheStack) {

@@ -126,6 +126,18 @@ TEST_F(ControlWindowTest, AnotherResolutionScalesEverything) {
     EXPECT_NEAR(window.SurfaceWidth(), Pixels(1000) * 96 / 144, 1);
 }
 
+TEST_F(ControlWindowTest, ThePointerIsAnHourglassUntilProfilesHaveCome) {
+    const auto pointer = [&] {
+        SetCursor(nullptr);
+        SendMessageW(window.Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(window.Handle()),
+                     MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        return GetCursor();
+    };
+    EXPECT_EQ(pointer(), LoadCursorW(nullptr, IDC_WAIT));
+    host.Window([&] { host.viewer.ReceiveProfileResponse("", "GetProfiles"); });
+    EXPECT_EQ(pointer(), LoadCursorW(nullptr, IDC_ARROW));
+}
+
 TEST_F(ControlWindowTest, SaysOnceThatItsWindowIsGone) {
     DestroyWindow(outer.Handle());
     EXPECT_EQ(host.destroyed, 1);

@@ -233,9 +233,10 @@ TEST_F(DialogTest, AMessageToQuitIsPassedOn) {
     EXPECT_EQ(message.wParam, 7u);
 }
 
+using Buttons = MessageBox::Buttons;
 struct BoxCase {
     const char* name;
-    MessageBox::Buttons buttons;
+    Buttons buttons;
     WORD pressed;  // 0: the control ends instead
     Answer answer;
 };
@@ -251,6 +252,8 @@ TEST_P(BoxTest, GivesTheAnswer) {
     const UINT_PTR timer = SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR, DWORD) {
         const HWND box = FindWindowW(L"#32770", L"Title");
         if (box == nullptr) return;
+        EXPECT_TRUE(current->buttons == Buttons::Ok || GetDlgCtrlID(GetFocus()) == IDNO)
+            << "what Enter answers";
         if (current->pressed != 0) {
             PostMessageW(box, WM_COMMAND, current->pressed, 0);
         } else {
@@ -265,7 +268,6 @@ TEST_P(BoxTest, GivesTheAnswer) {
     EXPECT_TRUE(IsWindowEnabled(shown.outer.Handle()));
 }
 
-using Buttons = MessageBox::Buttons;
 INSTANTIATE_TEST_SUITE_P(Boxes, BoxTest,
                          testing::Values(BoxCase{"Yes", Buttons::YesNo, IDYES, Answer::Yes},
                                          BoxCase{"No", Buttons::YesNo, IDNO, Answer::No},

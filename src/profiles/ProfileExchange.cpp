@@ -116,7 +116,7 @@ void ProfileExchange::TakeLaterProfile(const std::string& resultXml) {
     if (HasHostError(resultXml) || !CarriesProfiles(resultXml)) return;
     QZWebProfiles loaded;
     loaded.LoadText(resultXml);
-    if (!loaded.Exists(state_.requestedName)) return;
+    if (!state_.requestedName || !loaded.Exists(*state_.requestedName)) return;
     state_.set = std::move(loaded);
     MakeFirstCurrent();
     state_.settingsLoaded = false;
@@ -132,7 +132,8 @@ void ProfileExchange::MakeFirstCurrent() {
 }
 
 void ProfileExchange::TakeSavedAs(const std::string& resultXml) {
-    const std::string saved = state_.pendingSaveAsName;
+    if (!state_.pendingSaveAsName) return;
+    const std::string saved = *state_.pendingSaveAsName;
     for (const std::string& name : ParseProfileIDs(resultXml)) {
         if (name != saved) continue;
         state_.names.AddNew(name);

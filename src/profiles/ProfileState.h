@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/Dictionary.h"
@@ -19,8 +20,9 @@ struct ProfileState {
     bool loaded = false;
     /// Whether the current profile's settings have been applied to the view.
     bool settingsLoaded = false;
-    std::string requestedName;
-    std::string pendingSaveAsName;
+    /// What the user asked for last; nothing before.
+    std::optional<std::string> requestedName;
+    std::optional<std::string> pendingSaveAsName;
 };
 
 }  // namespace dlv

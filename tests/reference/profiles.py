@@ -30,8 +30,8 @@ class Profiles:
         self.profile_label = None
         self.names = FoldedCollection()
         self.profiles_loaded = False
-        self.requested_name = ""
-        self.pending_name = ""
+        self.requested_name = None
+        self.pending_name = None
         self.menu = None
         self.last_error = 0
 

@@ -174,7 +174,15 @@ TEST(Layout, IsTheFirstOneOnce) {
     EXPECT_EQ(test.Row(0, 2), total);
     EXPECT_EQ(form.vsFlex[0].Height(), fitted) << "as high as its rows";
     EXPECT_LT(fitted, Pixels(300));
-    EXPECT_EQ(form.fraBU[0].Width(), form.Tabs.ClientArea().width);
+    const Bounds inside = form.Tabs.ClientArea();
+    for (const Frame& frame : form.fraBU) {
+        EXPECT_EQ(frame.Top(), inside.top);
+        EXPECT_EQ(frame.Left(), inside.left);
+        EXPECT_EQ(frame.Width(), inside.width);
+        EXPECT_EQ(frame.Height(), inside.height);
+    }
+    EXPECT_EQ(form.fraDLV.Width(), test.host.width);
+    EXPECT_EQ(form.fraStatus.Top(), form.fraDLV.Height());
     EXPECT_EQ(form.cmdView.Left(), Pixels(856) * 0.67) << "the panel keeps its least width";
 }
 

@@ -194,6 +194,15 @@ TEST_F(Profiles, ThatTheHostNeverGivesLeaveTheControlUsable) {
     ExpectThatTheNextGoodMessageWorks();
 }
 
+TEST_F(Profiles, WithoutANameThatNobodyAskedForChangeNothing) {
+    StartWith(kAnswerOfNoUse);
+    viewer.ReceiveProfileResponse("<WebProfile></WebProfile>", "GetProfiles");
+    viewer.ReceiveProfileResponse("<ProfileIDs><ProfileID></ProfileID></ProfileIDs>", "SaveProfileAs");
+    EXPECT_EQ(viewer.Controls().lblCurrentProfile.Caption(), "Default");
+    EXPECT_EQ(viewer.Inner().profiles.names.Count(), 1u);
+    EXPECT_EQ(host.Shown(), std::vector<std::string>{});
+}
+
 TEST_F(Profiles, GetTheirSectionsWhenTheyAreSavedAtTheLatest) {
     viewer.Initialize(nullptr);
     viewer.SetSessionBUIDList(std::vector<std::string>{"A", "B"});

@@ -56,7 +56,7 @@ STDMETHODIMP ScriptObject::GetTypeInfoCount(UINT* count) {
 
 STDMETHODIMP ScriptObject::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
     *info = nullptr;
-    return E_NOTIMPL;
+    return typeName_.starts_with(L'_') ? DescribeClass(typeName_, info) : E_NOTIMPL;
 }
 
 STDMETHODIMP ScriptObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) {
@@ -90,7 +90,7 @@ STDMETHODIMP ScriptObject::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* par
 
 STDMETHODIMP ScriptObject::GetClassInfo(ITypeInfo** info) {
     *info = nullptr;
-    if (typeName_.empty()) return E_FAIL;
+    if (typeName_.empty() || typeName_.starts_with(L'_')) return E_FAIL;
     return DescribeClass(typeName_, info);
 }
 

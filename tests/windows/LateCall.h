@@ -28,7 +28,7 @@ class ScriptObject final : public container::Unknown<IDispatch, IProvideClassInf
 public:
     using Body = std::function<HRESULT(std::vector<_variant_t>& arguments, VARIANT& result)>;
 
-    /// `typeName` is what the object's class is called.
+    /// `typeName` is what the object's class is called, or with a "_" before it its interface.
     explicit ScriptObject(std::wstring typeName = {});
     /// The default member has no name.
     void On(const std::wstring& member, Body body) { members_.emplace_back(member, std::move(body)); }

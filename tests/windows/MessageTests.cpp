@@ -64,6 +64,19 @@ TEST(Messages, OfOurOwnAreShown) {
     EXPECT_EQ(control.ListedUnits(), 2u);
 }
 
+TEST(Messages, AreNotAskedForWhenTheirIntervalIsOver) {
+    HostedControl control;
+    control.StartUp();
+    std::wstring text = kSampleMessage;
+    text.replace(text.find(L"\"15\""), 4, L"\"0.0005\"");  // 30 milliseconds
+    const ComPtr<_QZWebMessage> message = New<_QZWebMessage>(L"QZWebMessage");
+    ASSERT_EQ(message->LoadText(_bstr_t(text.c_str())), S_OK);
+    int events = 0;
+    for (DISPID id = 1; id <= 8; ++id) control.sink->On(id, [&](DISPPARAMS&) { ++events; });
+    ASSERT_EQ(Receive(control.Viewer(), message.Get()), S_OK);
+    EXPECT_FALSE(PumpUntil([&] { return events > 0; }, std::chrono::milliseconds(150)));
+}
+
 TEST(Messages, OfAForeignClassOfThatNameAreReadThroughTheirMembers) {
     HostedControl control;
     control.StartUp();
@@ -73,21 +86,25 @@ TEST(Messages, OfAForeignClassOfThatNameAreReadThroughTheirMembers) {
     EXPECT_GT(message->CallsOf(L"Name"), 0);
     EXPECT_TRUE(closer.Texts().empty()) << testing::PrintToString(closer.Texts());
 
-    const auto data = ForeignMessage(L"QZWebMessage", L"DLVData");
-    ASSERT_EQ(Receive(control.Viewer(), data.Get()), S_OK);
+    // By its class, by its interface, and one that tells no type but has all the members.
+    for (const wchar_t* type : {L"QZWebMessage", L"_QZWebMessage", L""}) {
+        const auto data = ForeignMessage(type, L"DLVData");
+        ASSERT_EQ(Receive(control.Viewer(), data.Get()), S_OK);
+        EXPECT_GT(data->CallsOf(L"Name"), 0) << testing::PrintToString(type);
+    }
     EXPECT_EQ(control.ListedUnits(), 1u);
-    // One that tells no type but has all the members.
-    const auto nameless = ForeignMessage(L"", L"DLVData");
-    ASSERT_EQ(Receive(control.Viewer(), nameless.Get()), S_OK);
-    EXPECT_GT(nameless->CallsOf(L"Name"), 0);
     EXPECT_TRUE(closer.Texts().empty()) << testing::PrintToString(closer.Texts());
 }
 
 TEST(Messages, OfAnyOtherTypeArePassedOver) {
     HostedControl control;
     control.StartUp();
-    const auto stranger = ForeignMessage(L"SomeMessage", L"DLVData");
-    EXPECT_EQ(Receive(control.Viewer(), stranger.Get()), S_OK);
+    int asked = 0;
+    for (const wchar_t* type : {L"SomeMessage", L"qzwebmessage", L"__QZWebMessage"}) {
+        const auto stranger = ForeignMessage(type, L"DLVData");
+        EXPECT_EQ(Receive(control.Viewer(), stranger.Get()), S_OK);
+        asked += stranger->CallsOf(L"Name");
+    }
     // Tells no type, and lacks a member that messages have.
     const auto nameless = container::Make<ScriptObject>();
     for (const wchar_t* member : {L"Name", L"Data"})
@@ -95,7 +112,7 @@ TEST(Messages, OfAnyOtherTypeArePassedOver) {
     EXPECT_EQ(Receive(control.Viewer(), nameless.Get()), S_OK);
     EXPECT_EQ(Receive(control.Viewer(), New<_QZWebTable>(L"QZWebTable").Get()), S_OK);
     EXPECT_EQ(Receive(control.Viewer(), nullptr), S_OK);
-    EXPECT_EQ(stranger->CallsOf(L"Name") + nameless->CallsOf(L"Name"), 0);
+    EXPECT_EQ(asked + nameless->CallsOf(L"Name"), 0);
     EXPECT_FALSE(Shows(control, L"Last refresh time :"));
 }
 
@@ -199,6 +216,10 @@ TEST(Transport, IsAskedForCaptionsAndLetGoByAStop) {
     for (const wchar_t* caption :
          {L"Horas trabalhadas", L"Crit\x00E9rios de sele\x00E7\x00E3o", L"Horas restantes", L"Now"})
         EXPECT_TRUE(Shows(control, caption)) << testing::PrintToString(std::wstring(caption));
+    const int asked = transport->CallsOf(L"Caption");
+    EXPECT_EQ(SetLanguage(control.Viewer()), S_OK);
+    EXPECT_EQ(control.Viewer()->ResizeControls(), S_OK);
+    EXPECT_EQ(transport->CallsOf(L"Caption"), asked) << "captions are set once";
     EXPECT_GT(ReferencesOf(transport.Get()), 1u);
     ASSERT_EQ(control.Viewer()->StopControl(), S_OK);
     EXPECT_EQ(ReferencesOf(transport.Get()), 1u);

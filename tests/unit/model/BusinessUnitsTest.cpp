@@ -197,8 +197,11 @@ TEST(Counters, HaveFourteenPlaces) {
     const BusinessUnit unit;
     EXPECT_EQ(unit.GetGrandTotal(0), 0);
     EXPECT_EQ(unit.GetGrandTotal(13), 0);
-    for (const int index : {-1, 14})
+    const JobClass jobClass{};
+    for (const int index : {-1, 14}) {
         EXPECT_EQ(test::ErrorOf([&] { unit.GetGrandTotal(index); }), kErrorSubscript);
+        EXPECT_EQ(test::ErrorOf([&] { jobClass.GetJobDetails(index); }), kErrorSubscript);
+    }
 }
 
 TEST(BusinessUnits, RefuseAnIdTwice) {

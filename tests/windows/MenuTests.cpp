@@ -75,6 +75,19 @@ HMENU ProfilesIn(HWND menu) {
     return GetSubMenu(reinterpret_cast<HMENU>(SendMessageW(menu, MN_GETHMENU, 0, 0)), 0);
 }
 
+/// What an open menu says, without separators and the marks of access keys.
+std::wstring LinesOf(HWND window) {
+    const auto menu = reinterpret_cast<HMENU>(SendMessageW(window, MN_GETHMENU, 0, 0));
+    std::wstring lines;
+    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+        wchar_t text[80] = {};
+        if (GetMenuStringW(menu, static_cast<UINT>(i), text, 80, MF_BYPOSITION) == 0) continue;
+        lines += std::wstring(text) + L'|';
+    }
+    std::erase(lines, L'&');
+    return lines;
+}
+
 TEST(ProfileMenu, ShowsEveryNameInOneLineAndAsksForItExactly) {
     const std::wstring longName = L"L" + std::wstring(50000, L'o') + L"ng";
     // As the menu has it, where two ampersands show one.
@@ -107,6 +120,8 @@ TEST(ProfileMenu, ShowsEveryNameInOneLineAndAsksForItExactly) {
             wchar_t text[200] = {};
             GetMenuStringW(ProfilesIn(menu), static_cast<UINT>(i), text, 200, MF_BYPOSITION);
             EXPECT_EQ(text, names[i].shown);
+            EXPECT_EQ(LinesOf(menu),
+                      L"Use Profile|Save Current Profile|Save Current Profile As|Manage Profiles|");
             return Person::Keys(keys)(menu);
         }});
         Press(control, Tool::Profiles);

@@ -70,8 +70,10 @@ struct Saving : testing::Test {
         std::size_t dialogs = 0;
         const DialogWatch watch([&](HWND dialog) {
             ASSERT_LT(dialogs, answers.size()) << "one dialog too many";
-            if (const HWND edit = EditOf(dialog))
-                SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
+            const HWND edit = EditOf(dialog);
+            EXPECT_TRUE(dialogs > 0 || SendMessageW(edit, WM_GETTEXTLENGTH, 0, 0) == 0)
+                << "a name is proposed";
+            if (edit != nullptr) SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
             PostMessageW(dialog, WM_COMMAND, answers[dialogs++], 0);
         });
         Press(control, kSave);

@@ -88,26 +88,35 @@ TEST(Captions, AreAskedForInOrderAndSetWhereTheyBelong) {
     EXPECT_EQ(form.lblTechCount.figure.Caption(), "") << "figures are no captions";
 }
 
-/// Knows no caption, and fails while it is `broken`.
+/// Knows no caption, and fails while it is `broken`; with a key, for that one alone.
 class Breaking : public CaptionSource {
 public:
-    std::optional<std::string> Caption(std::string_view) override {
-        if (broken) RaiseInvalidCall();
+    explicit Breaking(std::string key = {}) : key_(std::move(key)) {}
+    std::optional<std::string> Caption(std::string_view key) override {
+        if (broken && (key_.empty() || key_ == key)) RaiseInvalidCall();
         return std::nullopt;
     }
     std::optional<std::string> LanguageID() override { return std::nullopt; }
     bool broken = true;
+
+private:
+    const std::string key_;
 };
 
-TEST(Captions, ThatFailAreReportedByWhoAskedForThem) {
-    test::TestViewer test;
-    const auto source = std::make_shared<Breaking>();
-    std::vector<std::string> reports;
+/// What the error dialogs of a test say: numbers and places.
+void Collect(test::TestViewer& test, std::vector<std::string>& reports) {
     test.host.work = [&](ModalForm& form) {
         EXPECT_EQ(form.Caption(), "An Error Has Occurred");
         reports.push_back(static_cast<Label*>(form.Find("lblErrNum"))->Caption() + ' ' +
                           static_cast<Label*>(form.Find("lblErrLoc"))->Caption());
     };
+}
+
+TEST(Captions, ThatFailAreReportedByWhoAskedForThem) {
+    test::TestViewer test;
+    const auto source = std::make_shared<Breaking>();
+    std::vector<std::string> reports;
+    Collect(test, reports);
     EXPECT_EQ(test::ErrorOf([&] { test.viewer.Initialize(source); }), 0);
     test.Receive(std::make_shared<QZWebMessage>("DLVServerStopped"));
     EXPECT_EQ(reports,
@@ -116,6 +125,55 @@ TEST(Captions, ThatFailAreReportedByWhoAskedForThem) {
                                         "5 DLViewer.Initialize", "0 cDLVController.ReceiveMessage"}));
     source->broken = false;
     test.ExpectThatTheNextGoodMessageWorks();
+}
+
+TEST(Captions, ThatFailInAFillOrABoxAreReportedFromThere) {
+    const struct {
+        const char* key;
+        std::vector<std::string> reports;
+        int rows[2];  // what of summary and hierarchy was written by then
+        const char* total;
+    } rows[] = {{"Total", {"5 DLViewer.ShowBUs"}, {6, 5}, ""},
+                {"BusinessUnits", {"5 DLViewer.mDLV_FillBUHierarchyGrid"}, {12, 2}, ""},
+                {"AboutDLV", {"5 DLViewer.tbMain_ButtonClick"}, {6, 5}, "Total"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.key);
+        test::TestViewer test;
+        const auto source = std::make_shared<Breaking>(row.key);
+        source->broken = false;
+        test.viewer.Initialize(source);
+        test.viewer.SetSessionBUIDList(std::vector<std::string>{"A", "B"});
+        test.viewer.ReceiveProfileResponse("", "GetProfiles");
+        std::vector<std::string> reports;
+        Collect(test, reports);
+        source->broken = true;
+        test.Receive(test::GoodTables());
+        if (row.total[0] != 0) test.viewer.tbMain_ButtonClick("Help");
+        EXPECT_EQ(reports, row.reports);
+        EXPECT_EQ(test.Grid(0).Rows(), row.rows[0]);
+        EXPECT_EQ(test.Grid(1).Rows(), row.rows[1]);
+        EXPECT_EQ(test.Grid(0).CellText(2, 1), row.total);
+        for (int grid = 0; grid < 3; ++grid) EXPECT_TRUE(test.Grid(grid).Redraw()) << grid;
+        EXPECT_TRUE(test.viewer.Controls().cmdView.Enabled());
+        source->broken = false;
+        test.ExpectThatTheNextGoodMessageWorks();
+    }
+}
+
+TEST(Drilling, ReportsWhatFailsInside) {
+    test::TestViewer test;
+    test.Start({"A", "B"});
+    test.Receive(test::GoodTables());
+    test.host.inside = [](const std::string& way) {
+        if (way == "event 2") RaiseInvalidCall();
+    };
+    std::vector<std::string> reports;
+    Collect(test, reports);
+    test.viewer.lblTechCount_Click();
+    test.Grid(0).SetCurrentCell(2, 3);
+    test.viewer.vsFlex_KeyDown(0, 13, false);
+    EXPECT_EQ(reports,
+              (std::vector<std::string>{"5 DLViewer.lblTechCount_Click", "5 DLViewer.vsFlex_DblClick"}));
 }
 
 /// A machine of that language. Notes captions that have no room where they stand, in a font whose characters

@@ -247,8 +247,10 @@ TEST(Captions, HaveRoomInEveryLanguageWhereTheyStand) {
         for (const double width : {860.0, 1000.0}) {
             NarrowHost host(language);
             host.width = Pixels(width);
+            std::string errorTitle;
             host.work = [&](ModalForm& form) {
                 host.Look(form);
+                if (form.Name() == "frmError") errorTitle = form.Caption();
                 if (auto* more = dynamic_cast<Button*>(form.Find("cmdNew")); more && !form.Closed())
                     form.Click(*more);
             };
@@ -262,6 +264,7 @@ TEST(Captions, HaveRoomInEveryLanguageWhereTheyStand) {
             viewer.ReceiveMessage({"QZWebMessage", std::make_shared<QZWebMessage>("DLVData")}, 0, "");
             EXPECT_EQ(std::ranges::count(host.ways, "frmNewProfile"), 2);
             EXPECT_EQ(std::ranges::count(host.ways, "frmError"), 1);
+            EXPECT_EQ(errorTitle, viewer.Caption("frmError-Caption")) << language;
             viewer.ReceiveMessage({"QZWebMessage", std::make_shared<QZWebMessage>("DLVServerStopped")}, 0,
                                   "");
             host.Look(viewer.Controls());

@@ -185,6 +185,7 @@ public:
 TEST_F(Hostile, MessagesThatFailAreReportedWithTheHostsOwnError) {
     std::string shown;
     host.work = [&](ModalForm& form) {
+        EXPECT_FALSE(viewer.Controls().fraDLV.Enabled());
         for (const char* name : {"lblErrNum", "lblErrStr", "lblErrLoc"})
             shown += static_cast<Label*>(form.Find(name))->Caption() + ';';
     };

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "hosts/container/WindowList.h"
 #include "player/windows/Screen.h"
 
 namespace dlv::player {
@@ -18,19 +19,10 @@ constexpr ULONGLONG kLongestGoing = 2000;
 
 /// The dialog that waits for a person on this thread; null when none does.
 HWND OpenDialog() {
-    HWND found = nullptr;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM data) -> BOOL {
-            wchar_t name[16] = {};
-            GetClassNameW(window, name, 16);
-            if (!IsWindowVisible(window) || !IsWindowEnabled(window) || wcscmp(name, kDialogClass) != 0)
-                return TRUE;
-            *reinterpret_cast<HWND*>(data) = window;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&found));
-    return found;
+    for (const HWND window : container::WindowsOfThread())
+        if (IsWindowVisible(window) && IsWindowEnabled(window) && container::ClassOf(window) == kDialogClass)
+            return window;
+    return nullptr;
 }
 
 std::string TextOf(HWND window) {

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "hosts/container/WindowList.h"
 #include "player/windows/Hand.h"
 #include "player/windows/Screen.h"
 
@@ -15,17 +16,9 @@ constexpr int kMostPresses = 200;
 
 std::vector<HMENU> OpenMenus() {
     std::vector<HMENU> menus;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM data) -> BOOL {
-            wchar_t name[16] = {};
-            GetClassNameW(window, name, 16);
-            if (IsWindowVisible(window) && wcscmp(name, kMenuClass) == 0)
-                reinterpret_cast<std::vector<HMENU>*>(data)->push_back(
-                    reinterpret_cast<HMENU>(SendMessageW(window, MN_GETHMENU, 0, 0)));
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&menus));
+    for (const HWND window : container::WindowsOfThread())
+        if (IsWindowVisible(window) && container::ClassOf(window) == kMenuClass)
+            menus.push_back(reinterpret_cast<HMENU>(SendMessageW(window, MN_GETHMENU, 0, 0)));
     return menus;
 }
 

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "hosts/container/WindowList.h"
 #include "tests/windows/RawContainer.h"
 
 namespace dlv::test {
@@ -34,14 +35,7 @@ std::filesystem::path WantedFolder() {
 
 /// The windows of this thread and the windows that only take messages, for comparison.
 int WindowsThere() {
-    int count = 0;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND, LPARAM found) {
-            ++*reinterpret_cast<int*>(found);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&count));
+    auto count = static_cast<int>(container::WindowsOfThread().size());
     for (HWND window = nullptr; (window = FindWindowExW(HWND_MESSAGE, window, nullptr, nullptr)) != nullptr;)
         ++count;
     return count;

@@ -4,54 +4,27 @@
 
 #include <algorithm>
 
+#include "hosts/container/WindowList.h"
+
 namespace dlv::test {
 
 namespace {
 
 constexpr UINT kEvery = 20;  // milliseconds
 
-std::wstring TextOf(HWND window) {
-    wchar_t text[512] = {};
-    GetWindowTextW(window, text, static_cast<int>(std::size(text)));
-    return text;
-}
-
-struct ChildSearch {
-    const std::wstring& text;
-    HWND found = nullptr;
-};
-
 }  // namespace
 
 HWND FindChild(HWND parent, const std::wstring& text) {
-    ChildSearch search{text};
-    EnumChildWindows(
-        parent,
-        [](HWND window, LPARAM data) -> BOOL {
-            auto& wanted = *reinterpret_cast<ChildSearch*>(data);
-            if (IsWindowVisible(window) == FALSE || TextOf(window) != wanted.text) return TRUE;
-            wanted.found = window;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    for (const HWND window : container::WindowsInside(parent))
+        if (IsWindowVisible(window) && container::TextOf(window) == text) return window;
+    return nullptr;
 }
 
 HWND OpenDialog() {
-    HWND found = nullptr;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM data) -> BOOL {
-            wchar_t name[16] = {};
-            GetClassNameW(window, name, static_cast<int>(std::size(name)));
-            if (IsWindowVisible(window) == FALSE || IsWindowEnabled(window) == FALSE ||
-                wcscmp(name, L"#32770") != 0)
-                return TRUE;
-            *reinterpret_cast<HWND*>(data) = window;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&found));
-    return found;
+    for (const HWND window : container::WindowsOfThread())
+        if (IsWindowVisible(window) && IsWindowEnabled(window) && container::ClassOf(window) == L"#32770")
+            return window;
+    return nullptr;
 }
 
 HWND OpenMenu() {
@@ -116,7 +89,7 @@ Person::Act Person::Press(std::wstring caption) {
     return [caption](HWND window) {
         for (HWND button = nullptr;
              (button = FindWindowExW(window, button, WC_BUTTONW, nullptr)) != nullptr;) {
-            std::wstring text = TextOf(button);
+            std::wstring text = container::TextOf(button);
             std::erase(text, L'&');
             if (text != caption || IsWindowEnabled(button) == FALSE) continue;
             PostMessageW(button, BM_CLICK, 0, 0);
@@ -129,7 +102,7 @@ Person::Act Person::Press(std::wstring caption) {
 Person::Act Person::Name(std::wstring name) {
     return [name](HWND window) {
         const HWND box = FindWindowExW(window, nullptr, WC_EDITW, nullptr);
-        if (box != nullptr && TextOf(box) != name) SetWindowTextW(box, name.c_str());
+        if (box != nullptr && container::TextOf(box) != name) SetWindowTextW(box, name.c_str());
         return box != nullptr && Press(L"OK")(window);
     };
 }
@@ -176,13 +149,8 @@ void CALLBACK DialogWatch::Tick(HWND, UINT, UINT_PTR, DWORD) {
 DialogCloser::DialogCloser()
     : watch_([this](HWND dialog) {
           ++closed_;
-          EnumChildWindows(
-              dialog,
-              [](HWND child, LPARAM data) -> BOOL {
-                  reinterpret_cast<std::vector<std::wstring>*>(data)->push_back(TextOf(child));
-                  return TRUE;
-              },
-              reinterpret_cast<LPARAM>(&texts_));
+          for (const HWND child : container::WindowsInside(dialog))
+              texts_.push_back(container::TextOf(child));
           PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
           PostMessageW(dialog, WM_CLOSE, 0, 0);
       }) {}

@@ -1,26 +1,15 @@
 #include "tests/windows/Keyboard.h"
 
+#include "hosts/container/WindowList.h"
+
 namespace dlv::test {
 
 namespace {
 
-struct Search {
-    std::function<bool(HWND)> wanted;
-    HWND found = nullptr;
-};
-
 HWND FirstVisible(HWND parent, std::function<bool(HWND)> wanted) {
-    Search search{std::move(wanted)};
-    EnumChildWindows(
-        parent,
-        [](HWND child, LPARAM data) -> BOOL {
-            auto& sought = *reinterpret_cast<Search*>(data);
-            if (!IsWindowVisible(child) || !sought.wanted(child)) return TRUE;
-            sought.found = child;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    for (const HWND child : container::WindowsInside(parent))
+        if (IsWindowVisible(child) && wanted(child)) return child;
+    return nullptr;
 }
 
 }  // namespace

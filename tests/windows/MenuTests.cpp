@@ -180,16 +180,19 @@ TEST(ProfileMenu, StandsBelowItsButtonForTheKeyboard) {
     EXPECT_EQ(saved, 4);
 }
 
+_DLViewer* stoppedByTimer = nullptr;
+
+void CALLBACK StopOnceTheMenuIsOpen(HWND, UINT, UINT_PTR timer, DWORD) {
+    if (OpenMenu() == nullptr) return;
+    KillTimer(nullptr, timer);
+    EXPECT_EQ(stoppedByTimer->StopControl(), S_OK);
+}
+
 TEST(ProfileMenu, GoesWithAControlThatIsStopped) {
     HostedControl control;
     ShowFigures(control);
-    static _DLViewer* viewer = nullptr;
-    viewer = control.Viewer();
-    const UINT_PTR timer = SetTimer(nullptr, 0, kEvery, [](HWND, UINT, UINT_PTR id, DWORD) {
-        if (OpenMenu() == nullptr) return;
-        KillTimer(nullptr, id);
-        EXPECT_EQ(viewer->StopControl(), S_OK);
-    });
+    stoppedByTimer = control.Viewer();
+    const UINT_PTR timer = SetTimer(nullptr, 0, kEvery, StopOnceTheMenuIsOpen);
     Press(control, Tool::Profiles);
     KillTimer(nullptr, timer);
     EXPECT_EQ(OpenMenu(), nullptr);

@@ -211,15 +211,24 @@ void RawContainer::Connect() {
     });
 }
 
+namespace {
+
+LRESULT CALLBACK GiveFocusOn(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* const container = reinterpret_cast<RawContainer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (message == WM_SETFOCUS) container->GotFocus();
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+}  // namespace
+
 // From now on the host's window gives the control every focus that it gets, as forms do.
 void RawContainer::PassFocusOn() {
     SetWindowLongPtrW(window_.Handle(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    const WNDPROC procedure = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
-        auto* const self = reinterpret_cast<RawContainer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-        if (message == WM_SETFOCUS && self->control_) self->DoVerb(OLEIVERB_UIACTIVATE);
-        return DefWindowProcW(window, message, wParam, lParam);
-    };
-    SetWindowLongPtrW(window_.Handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+    SetWindowLongPtrW(window_.Handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(GiveFocusOn));
+}
+
+void RawContainer::GotFocus() {
+    if (control_) DoVerb(OLEIVERB_UIACTIVATE);
 }
 
 void RawContainer::Release() {

@@ -24,6 +24,8 @@ public:
     _DLViewer* Control() const { return control_.Get(); }
     /// What others than this container hold of its objects: 0 when the control has let go of all.
     ULONG HeldByTheControl() const;
+    /// The window that passes its focus on has it.
+    void GotFocus();
 
 private:
     struct Step;

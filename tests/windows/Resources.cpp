@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "hosts/container/WindowList.h"
 #include "tests/windows/Support.h"
 
 namespace dlv::test {
@@ -24,25 +25,16 @@ int CountFreeGdiSlots() {
     return static_cast<int>(brushes.size());
 }
 
-BOOL CALLBACK CountWindow(HWND window, LPARAM count) {
-    ++*reinterpret_cast<int*>(count);
-    EnumChildWindows(
-        window,
-        [](HWND, LPARAM childCount) -> BOOL {
-            ++*reinterpret_cast<int*>(childCount);
-            return TRUE;
-        },
-        count);
-    return TRUE;
-}
+/// The window and all inside it.
+int CountOf(HWND window) { return 1 + static_cast<int>(container::WindowsInside(window).size()); }
 
 int CountWindows() {
     int count = 0;
-    EnumThreadWindows(GetCurrentThreadId(), CountWindow, reinterpret_cast<LPARAM>(&count));
+    for (const HWND window : container::WindowsOfThread()) count += CountOf(window);
     // Windows that were taken out of sight stand below the message window.
     for (HWND window = nullptr;
          (window = FindWindowExW(HWND_MESSAGE, window, L"DashlonViewerControl", nullptr)) != nullptr;)
-        CountWindow(window, reinterpret_cast<LPARAM>(&count));
+        count += CountOf(window);
     return count;
 }
 

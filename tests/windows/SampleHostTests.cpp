@@ -1,6 +1,7 @@
 // The small sample host as its user sees it: a program of its own, looked at and clicked on from outside.
 #include <map>
 
+#include "hosts/container/WindowList.h"
 #include "tests/windows/Support.h"
 
 namespace dlv::test {
@@ -15,15 +16,8 @@ std::wstring TextOfWindow(HWND window) {
 /// The texts of all windows inside that are to be seen.
 std::multimap<std::wstring, HWND> TextsInside(HWND window) {
     std::multimap<std::wstring, HWND> texts;
-    EnumChildWindows(
-        window,
-        [](HWND child, LPARAM found) -> BOOL {
-            if (IsWindowVisible(child) != FALSE)
-                reinterpret_cast<std::multimap<std::wstring, HWND>*>(found)->emplace(TextOfWindow(child),
-                                                                                     child);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&texts));
+    for (const HWND child : container::WindowsInside(window))
+        if (IsWindowVisible(child)) texts.emplace(TextOfWindow(child), child);
     return texts;
 }
 

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "hosts/container/WindowList.h"
 #include "tests/windows/Dialogs.h"
 
 namespace dlv::test {
@@ -25,18 +26,9 @@ void Press(const HostedControl& control, OutputTool tool) {
 
 HWND EditOf(HWND dialog) {
     constexpr int kNameBox = 0x47C;
-    HWND edit = nullptr;
-    EnumChildWindows(
-        GetDlgItem(dialog, kNameBox),
-        [](HWND child, LPARAM data) -> BOOL {
-            wchar_t name[16] = {};
-            GetClassNameW(child, name, static_cast<int>(std::size(name)));
-            if (wcscmp(name, L"Edit") != 0) return TRUE;
-            *reinterpret_cast<HWND*>(data) = child;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&edit));
-    return edit;
+    for (const HWND child : container::WindowsInside(GetDlgItem(dialog, kNameBox)))
+        if (container::ClassOf(child) == L"Edit") return child;
+    return nullptr;
 }
 
 /// An empty folder, removed with all in it.

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include "hosts/container/WindowList.h"
+
 namespace dlv::test {
 
 const wchar_t kSampleMessage[] =
@@ -73,23 +75,10 @@ void HostWindow::Destroy() {
 }
 
 HWND HostedControl::WindowOf(const wchar_t* className) const {
-    struct Search {
-        const wchar_t* className;
-        HWND found;
-    } search{className, nullptr};
-    EnumChildWindows(
-        container.ControlWindow(),
-        [](HWND child, LPARAM data) -> BOOL {
-            auto& wanted = *reinterpret_cast<Search*>(data);
-            wchar_t name[32] = {};
-            GetClassNameW(child, name, static_cast<int>(std::size(name)));
-            if (wcscmp(name, wanted.className) != 0) return TRUE;
-            wanted.found = child;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    EXPECT_NE(search.found, nullptr);
-    return search.found;
+    for (const HWND child : container::WindowsInside(container.ControlWindow()))
+        if (container::ClassOf(child) == className) return child;
+    ADD_FAILURE() << "no such window";
+    return nullptr;
 }
 
 std::size_t HostedControl::ListedUnits() const {

@@ -1,3 +1,4 @@
+#include "hosts/container/WindowList.h"
 #include "windows/hwnd/ControlWindow.h"
 
 #include <commctrl.h>
@@ -24,29 +25,15 @@ protected:
 
     /// The first visible window of that class and text.
     HWND Find(const wchar_t* className, const wchar_t* text = nullptr) const {
-        struct Search {
-            const wchar_t* className;
-            const wchar_t* text;
-            HWND found;
-        } search{className, text, nullptr};
-        EnumChildWindows(
-            window.Handle(),
-            [](HWND child, LPARAM data) -> BOOL {
-                auto& wanted = *reinterpret_cast<Search*>(data);
-                wchar_t name[64];
-                wchar_t caption[128];
-                GetClassNameW(child, name, 64);
-                GetWindowTextW(child, caption, 128);
-                // Without the mark of an access key.
-                if (wchar_t* mark = wcschr(caption, L'&'); mark != nullptr)
-                    wmemmove(mark, mark + 1, wcslen(mark));
-                if (lstrcmpiW(name, wanted.className) != 0 || !IsWindowVisible(child)) return TRUE;
-                if (wanted.text != nullptr && lstrcmpW(caption, wanted.text) != 0) return TRUE;
-                wanted.found = child;
-                return FALSE;
-            },
-            reinterpret_cast<LPARAM>(&search));
-        return search.found;
+        for (const HWND child : container::WindowsInside(window.Handle())) {
+            // Without the mark of an access key.
+            std::wstring caption = container::TextOf(child);
+            if (const auto mark = caption.find(L'&'); mark != std::wstring::npos) caption.erase(mark, 1);
+            if (IsWindowVisible(child) && lstrcmpiW(container::ClassOf(child).c_str(), className) == 0 &&
+                (text == nullptr || caption == text))
+                return child;
+        }
+        return nullptr;
     }
     RECT PlaceOf(HWND child) const {
         RECT place{};

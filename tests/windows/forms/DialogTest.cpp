@@ -243,24 +243,26 @@ struct BoxCase {
 
 class BoxTest : public testing::TestWithParam<BoxCase> {};
 
+const BoxCase* answered = nullptr;
+FormHost* boxHost = nullptr;
+
+void CALLBACK AnswerTheBox(HWND, UINT, UINT_PTR, DWORD) {
+    const HWND box = FindWindowW(L"#32770", L"Title");
+    if (box == nullptr) return;
+    EXPECT_TRUE(answered->buttons == Buttons::Ok || GetDlgCtrlID(GetFocus()) == IDNO) << "what Enter answers";
+    if (answered->pressed != 0) {
+        PostMessageW(box, WM_COMMAND, answered->pressed, 0);
+    } else {
+        boxHost->ending = true;
+        PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+    }
+}
+
 TEST_P(BoxTest, GivesTheAnswer) {
     ShownForm shown;
-    static const BoxCase* current;
-    static FormHost* host;
-    current = &GetParam();
-    host = &shown.host;
-    const UINT_PTR timer = SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR, DWORD) {
-        const HWND box = FindWindowW(L"#32770", L"Title");
-        if (box == nullptr) return;
-        EXPECT_TRUE(current->buttons == Buttons::Ok || GetDlgCtrlID(GetFocus()) == IDNO)
-            << "what Enter answers";
-        if (current->pressed != 0) {
-            PostMessageW(box, WM_COMMAND, current->pressed, 0);
-        } else {
-            host->ending = true;
-            PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
-        }
-    });
+    answered = &GetParam();
+    boxHost = &shown.host;
+    const UINT_PTR timer = SetTimer(nullptr, 0, 20, AnswerTheBox);
     Answer answer{};
     shown.host.Window([&] { answer = ShowMessageBox(shown.host, {"Text", "Title", GetParam().buttons}); });
     KillTimer(nullptr, timer);

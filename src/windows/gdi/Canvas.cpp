@@ -33,11 +33,11 @@ SIZE Canvas::Needed(const RECT& area, const std::wstring& text, HFONT font, UINT
 
 int Canvas::StepWithin(const RECT& area, const std::wstring& text, Weight weight, UINT format) const {
     const SIZE room{area.right - area.left, area.bottom - area.top};
-    for (int step = 0; step < Fonts::kSmallest; ++step) {
+    for (int step = 0; step <= Fonts::kSmallest; ++step) {
         const SIZE needed = Needed(area, text, look_.fonts.Smaller(weight, step), format);
         if (needed.cx <= room.cx && needed.cy <= room.cy) return step;
     }
-    return Fonts::kSmallest;
+    return (format & DT_SINGLELINE) != 0 ? 0 : Fonts::kSmallest;
 }
 
 void Canvas::TextWithin(const RECT& area, const std::wstring& text, Weight weight, COLORREF colour,

@@ -38,9 +38,9 @@ public:
     /// Text with a clear ground; `format` as for DrawText. Nothing in the text is a prefix.
     void Text(RECT area, const std::wstring& text, Weight weight, COLORREF colour, UINT format) const;
     enum class Upright { Top, Middle };
-    /// Text that is made smaller where it would be cut, and only cut where that does not help. `format` says
-    /// whether it may take several lines; it is smaller by `leastStep` steps at any rate.
-    /// `marked` is the text with "&" before the letter that is underlined, if one is.
+    /// Text that is made smaller where it would be cut, and only cut where that does not help: one line at
+    /// its own size then. `format` says whether it may take several lines; it is smaller by `leastStep` steps
+    /// at any rate. `marked` is the text with "&" before the letter that is underlined, if one is.
     void TextWithin(const RECT& area, const std::wstring& text, Weight weight, COLORREF colour, UINT format,
                     Upright upright, int leastStep = 0, const std::wstring& marked = {}) const;
     /// By how many steps TextWithin makes a text smaller.

@@ -11,8 +11,8 @@ namespace dlv {
 enum class KeyCue { Hidden, Shown };
 
 /// A label on a ground of that colour, which it fills. Text that needs more room wraps where the label is
-/// tall enough for two lines, is made smaller, and at last ends in an ellipsis. It is smaller by `leastStep`
-/// steps at any rate.
+/// tall enough for two lines, is made smaller, and at last ends in an ellipsis; one line has its own size
+/// then. It is smaller by `leastStep` steps at any rate.
 void DrawLabel(const Canvas& canvas, const Label& label, const RECT& area, COLORREF ground, int leastStep = 0,
                KeyCue cue = KeyCue::Hidden);
 /// By how many steps a label makes its text smaller, at the size that it has in its state.

@@ -4,6 +4,7 @@
 #include "tests/windows/forms/FormHost.h"
 #include "views/GridPages.h"
 #include "windows/gdi/ControlPainter.h"
+#include "windows/gdi/FacePainter.h"
 #include "windows/gdi/PagePainter.h"
 #include "windows/gdi/PaintBuffer.h"
 
@@ -101,6 +102,23 @@ TEST_F(PictureTest, GoesIntoAnOldMetafileAsABitmap) {
     };
     EXPECT_EQ(PixelOf(play, HeaderPoint()), kCyan);
     DeleteMetaFile(file);
+}
+
+TEST_F(PictureTest, MakesALineSmallerOnlyWhereAllOfItIsSeenThen) {
+    const WindowDc screen(nullptr);
+    const Look look(Appearance(), Scale(96));
+    const Canvas canvas(screen.Get(), look);
+    Label& name = form.lblCurrentProfile;
+    std::string text = "m";
+    const auto step = [&] {
+        name.SetCaption(text);
+        return LabelStep(canvas, name);
+    };
+    EXPECT_EQ(step(), 0);
+    while (step() == 0 && text.size() < 200) text += "m";
+    EXPECT_GT(step(), 0) << "a little too long";
+    text += text;
+    EXPECT_EQ(step(), 0) << "cut in any case";
 }
 
 /// A page of a printed grid, as a printer of that resolution would get it.

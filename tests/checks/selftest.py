@@ -64,6 +64,8 @@ PLANTED = (
     ("docs/reference.md", "More.\n", {"documented"}),
     ("api/DashlonViewer.idl", UNEXPLAINED, {"documented"}),
     ("docs/hosts.md", "| it adds | `Sum.OfTwo` |\n", {"documented"}),
+    ("docs/conformance.md", "| What holds | Shown by |\n|---|---|\n| It adds. | `Sum.OfTwo` |\n", {"documented"}),
+    ("docs/conformance.md", "| What holds | Shown by |\n|---|---|\n| It adds. | |\n", {"documented"}),
     ("docs/start.md", "<!-- src/base/Sum.cpp -->\n```cpp\nint Sum(int a);\n```\n", {"documented"}),
     ("tests/a.py", "if True:\n\tpass\n", {"written"}),
     ("scripts/a.sh", "no line end", {"written"}),

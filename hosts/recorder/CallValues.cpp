@@ -5,6 +5,7 @@
 
 #include "DashlonViewer.h"
 #include "base/Trap.h"
+#include "hosts/container/EventRecord.h"
 #include "hosts/container/EventSink.h"
 #include "hosts/recorder/HostSteps.h"
 #include "webdata/QZWebMessage.h"
@@ -30,9 +31,6 @@ enum Member : DISPID {
     kSetSessionBUIDList = 0x60030022,
     kSetRegionalFormatInfo = 0x60030023
 };
-
-const char* const kEvents[] = {"PostRequest", "GetDetails",  "GetProfiles",    "GetProfileList",
-                               "PutProfiles", "AddProfiles", "RemoveProfiles", "SaveProfileAs"};
 
 std::string Clock() {
     SYSTEMTIME now;
@@ -145,7 +143,9 @@ Json LateCall(DISPID id, const DISPPARAMS& arguments) {
 }
 
 const char* EventName(DISPID id) {
-    return id < 1 || id > static_cast<DISPID>(std::size(kEvents)) ? nullptr : kEvents[id - 1];
+    return id < 1 || id > static_cast<DISPID>(std::size(container::kEventNames))
+               ? nullptr
+               : container::kEventNames[id - 1];
 }
 
 Json EventFields(DISPID id, const DISPPARAMS& arguments) {
@@ -158,23 +158,7 @@ Json EventFields(DISPID id, const DISPPARAMS& arguments) {
     ComPtr<_DLVParams> record;
     if (const auto object = container::ObjectArgument(arguments.rgvarg[0])) object.As(&record);
     if (!record) return fields;
-    const std::pair<const char*, HRESULT (STDMETHODCALLTYPE _DLVParams::*)(BSTR*)> texts[] = {
-        {"BUID", &_DLVParams::get_BUID},
-        {"JobType", &_DLVParams::get_JobType},
-        {"JobClass", &_DLVParams::get_JobClass},
-        {"JobStatus", &_DLVParams::get_JobStatus},
-        {"Info", &_DLVParams::get_Info},
-        {"JeopardyThreshold", &_DLVParams::get_JeopardyThreshold},
-        {"ProfileName", &_DLVParams::get_ProfileName},
-        {"UserID", &_DLVParams::get_UserID},
-        {"ApplicationID", &_DLVParams::get_ApplicationID},
-        {"ProfilesXML", &_DLVParams::get_ProfilesXML},
-        {"ResultXML", &_DLVParams::get_ResultXML}};
-    for (const auto& [name, get] : texts) {
-        Bstr text;
-        (record.Get()->*get)(text.Address());
-        if (!text.View().empty()) fields[name] = Narrow(text.Get());
-    }
+    for (const auto& [name, value] : container::FilledFields(*record.Get())) fields[name] = Narrow(value);
     return fields;
 }
 

@@ -3,6 +3,7 @@
 #include <comutil.h>
 
 #include "base/Trap.h"
+#include "hosts/container/EventRecord.h"
 #include "player/SessionMessage.h"
 #include "player/Transcript.h"
 #include "windows/com/Strings.h"
@@ -100,29 +101,12 @@ HRESULT AnswerProfiles(_DLViewer& viewer, const Json& step) {
     return viewer.ReceiveProfileResponse(text.Address(), function.Address());
 }
 
-std::string Field(_DLVParams& record, HRESULT (STDMETHODCALLTYPE _DLVParams::*get)(BSTR*)) {
-    Bstr text;
-    (record.*get)(text.Address());
-    return Narrow(text.Get());
-}
-
 Json FieldsOf(_DLVParams& record) {
     Json fields = Json::object();
-    const std::pair<const char*, HRESULT (STDMETHODCALLTYPE _DLVParams::*)(BSTR*)> texts[] = {
-        {"BUID", &_DLVParams::get_BUID},
-        {"JobType", &_DLVParams::get_JobType},
-        {"JobClass", &_DLVParams::get_JobClass},
-        {"JobStatus", &_DLVParams::get_JobStatus},
-        {"Info", &_DLVParams::get_Info},
-        {"JeopardyThreshold", &_DLVParams::get_JeopardyThreshold},
-        {"ProfileName", &_DLVParams::get_ProfileName},
-        {"UserID", &_DLVParams::get_UserID},
-        {"ApplicationID", &_DLVParams::get_ApplicationID},
-        {"ResultXML", &_DLVParams::get_ResultXML}};
-    for (const auto& [name, get] : texts)
-        if (const std::string text = Field(record, get); !text.empty()) fields[name] = text;
-    const std::string profiles = Field(record, &_DLVParams::get_ProfilesXML);
-    if (!profiles.empty()) fields["ProfilesXML"] = ProfileSetTranscript(profiles);
+    for (const auto& [name, value] : container::FilledFields(record)) {
+        const std::string text = Narrow(value);
+        fields[name] = name == std::string_view("ProfilesXML") ? ProfileSetTranscript(text) : Json(text);
+    }
     return fields;
 }
 
@@ -154,11 +138,9 @@ void ListenTo(container::EventSink& sink, std::function<void(const std::string& 
         const std::string text = Narrow(container::TextArgument(arguments.rgvarg[0]));
         happened("PostRequest", {{"event", "PostRequest"}, {"fields", {{"Params", text}}}});
     });
-    const char* const names[] = {"GetDetails",  "GetProfiles",    "GetProfileList", "PutProfiles",
-                                 "AddProfiles", "RemoveProfiles", "SaveProfileAs"};
-    DISPID id = 2;
-    for (const char* name : names) {
-        sink.On(id++, [happened, name](DISPPARAMS& arguments) {
+    for (DISPID id = 2; id <= static_cast<DISPID>(std::size(container::kEventNames)); ++id) {
+        const char* const name = container::kEventNames[id - 1];
+        sink.On(id, [happened, name](DISPPARAMS& arguments) {
             ComPtr<_DLVParams> record;
             container::ObjectArgument(arguments.rgvarg[0]).As(&record);
             Json fields = record ? FieldsOf(*record.Get()) : Json::object();

@@ -1,7 +1,7 @@
 # The zips for host developers. Sourced by ./dev.
 #
 #   make_packages          both zips into $state/package, from what is built; prints where they lie
-#   try_package ZIP        unpacks a zip and uses it in a Wine where nothing was ever installed
+#   try_package ZIP BITS   unpacks a zip and uses it in a Wine where the control was never installed
 
 make_packages() {
     local bits architecture doc=/usr/share/doc
@@ -15,11 +15,20 @@ make_packages() {
 }
 
 try_package() {
-    local folder=$state/package/unpacked
+    local folder=$state/package/unpacked-$2 wine=(wine)
     rm -rf "$folder" "$state/wine-bare"
     mkdir -p "$folder"
     python3 -m zipfile -e "$1" "$folder" || return 1
-    display_begin && wine_begin 96 bare || return 1
     trap 'wine_end; display_end' EXIT
-    (cd "$folder"/*/ && timeout -k 5 60 wine dlcheck.exe DashlonViewer.ocx && timeout -k 5 60 wine demo.exe --smoke)
+    display_begin || return 1
+    if (($2 == 64)); then
+        wine_begin 96 bare || return 1
+    else
+        export DLV_STATE=$state
+        wine=("$root/scripts/wine32" run)
+        trap '"$root/scripts/wine32" end; display_end' EXIT
+    fi
+    cd "$folder"/*/ &&
+        timeout -k 5 60 "${wine[@]}" dlcheck.exe DashlonViewer.ocx &&
+        timeout -k 5 60 "${wine[@]}" demo.exe --smoke
 }

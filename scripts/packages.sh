@@ -8,6 +8,7 @@ packages_of() {
         windows) echo "cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix" \
                       "mingw-w64-tools googletest libwine libwine-dev nlohmann-json3-dev python3" ;;
         wine) echo "wine wine64 xvfb fonts-liberation fonts-open-sans" ;;
+        wine32) echo "debootstrap" ;;
         checks) echo "python3 clang-format clang-tidy" ;;
         format) echo "clang-format" ;;
         *) echo "unknown package group $1" >&2; return 1 ;;

@@ -24,6 +24,7 @@ run_runner() {
         grep -E 'error|FAILED|HUNG|ERROR' "$log" | head -n 40 || tail -n 20 "$log"
         echo "--- the whole log: $log"
     fi
+    grep '^NOT RUN' "$log" || true
     printf '%-22s %6d passed %4d failed %5d s\n' "$name" "$passed" "$failed" $((SECONDS - started))
     allPassed=$((allPassed + passed))
     allFailed=$((allFailed + failed))
@@ -96,19 +97,31 @@ windows_runner() {
     ctest_runner win64 1 "$name" "$@"
 }
 
-# The 64-bit package works where nothing was installed. Of the 32-bit one, which Wine cannot run here, it is seen that it
-# holds the same files.
+# Each package works where nothing was installed, and both hold the same files.
 package_runner() {
-    local packages passed=0 failed=0
+    local packages passed=0 failed=0 reason
     mapfile -t packages < <(make_packages)
     ((${#packages[@]} == 2)) || { echo "0 passed, 1 failed"; return 1; }
     count() { if "$@"; then passed=$((passed + 1)); else failed=$((failed + 1)) && echo "FAILED $*"; fi; }
-    count try_package_here "${packages[0]}"
+    count try_package_here "${packages[0]}" 64
+    if reason=$("$root/scripts/wine32" make); then
+        count try_package_here "${packages[1]}" 32
+    else
+        echo "NOT RUN: the 32-bit package, since $reason"
+    fi
     count cmp <(python3 -m zipfile -l "${packages[0]}" | sed 's/win64/win/' | awk '{print $1}') \
         <(python3 -m zipfile -l "${packages[1]}" | sed 's/win32/win/' | awk '{print $1}')
     echo "$passed passed, $failed failed"
 }
-try_package_here() (try_package "$1")
+try_package_here() (try_package "$@")
+
+# Runs the Windows tests as 32-bit programs. What the registry of a 64-bit system holds is not to be seen there.
+windows32_runner() {
+    display_begin || return 1
+    export DLV_WINE_READY=yes DLV_WINE_BITS=32 DLV_STATE=$state
+    trap '"$root/scripts/wine32" end; display_end' EXIT
+    ctest_runner win32-tests 1 all --exclude-regex '^registration'
+}
 
 test_native() {
     rm -rf "$state/sanitize/results"
@@ -131,4 +144,10 @@ test_beside_windows() {
     run_runner "32-bit build" build_runner win32
     run_runner "32-bit control" binary_runner 32
     run_runner "package" package_runner
+}
+test_windows32() {
+    local reason
+    reason=$("$root/scripts/wine32" make) || { echo "No 32-bit Wine: $reason" >&2; exit 1; }
+    run_runner "32-bit build" build_runner win32-tests
+    run_runner "32-bit tests" windows32_runner
 }

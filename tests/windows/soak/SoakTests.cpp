@@ -153,6 +153,8 @@ TEST(Soak, AThousandLoadsLeaveAlmostNothing) {
     EXPECT_EQ(growth.SinceThen({kLoads * kBlocksEach, kLoads * kBytesEach, kLoads * kHandlesEach}), "");
 }
 
+LRESULT CALLBACK DoNothing(int, WPARAM, LPARAM) { return 0; }
+
 struct Taken {
     const char* told;
     std::function<std::function<void()>()> take;
@@ -162,8 +164,7 @@ struct Taken {
 const Taken kTaken[] = {
     {"1 hooks; ",
      [] {
-         const HHOOK hook = SetWindowsHookExW(
-             WH_CBT, [](int, WPARAM, LPARAM) -> LRESULT { return 0; }, nullptr, GetCurrentThreadId());
+         const HHOOK hook = SetWindowsHookExW(WH_CBT, DoNothing, nullptr, GetCurrentThreadId());
          return [=] { UnhookWindowsHookEx(hook); };
      }},
     {"1 timers; ",

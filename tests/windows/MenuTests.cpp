@@ -54,10 +54,24 @@ TEST(ProfileMenu, OpensAtItsButtonAndDoesWhatIsChosen) {
         EXPECT_TRUE(keys.Seen()) << "no menu opened";
     }
     EXPECT_EQ(saved, 1);
-    {
-        const MenuKeys keys(control, {VK_ESCAPE});
-        Press(control, Tool::Profiles);
-        EXPECT_TRUE(keys.Seen()) << "no menu opened";
+    // Where the mouse is, by the button's arrow too.
+    SetCursorPos(700, 500);
+    const HWND bar = control.WindowOf(TOOLBARCLASSNAMEW);
+    RECT button{};
+    SendMessageW(bar, TB_GETITEMRECT, 3, reinterpret_cast<LPARAM>(&button));
+    for (const LONG x : {button.left + 8, button.right - 4}) {
+        bool seen = false;
+        const Person person({[&](HWND menu) {
+            RECT place{};
+            GetWindowRect(menu, &place);
+            EXPECT_EQ(place.left, 700);
+            EXPECT_EQ(place.top, 500);
+            seen = true;
+            return Person::Keys({VK_ESCAPE})(menu);
+        }});
+        SendMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, button.top + 8));
+        SendMessageW(bar, WM_LBUTTONUP, 0, MAKELPARAM(x, button.top + 8));
+        EXPECT_TRUE(seen) << "no menu opened at " << x;
     }
     EXPECT_EQ(saved, 1);
     EXPECT_EQ(OpenMenu(), nullptr);

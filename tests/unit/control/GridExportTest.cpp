@@ -76,6 +76,10 @@ TEST(SavedGrid, RemembersTheFolderOfTheLastFile) {
         EXPECT_EQ(viewer.viewer.Inner().gridExport.LastFolder(), "C:\\a") << file;
     }
     EXPECT_EQ(viewer.host.files.size(), 2u);
+    viewer.host.diskRoom = 0;
+    viewer.host.file = "D:\\full\\b.csv";
+    viewer.Press("SaveGrid");
+    EXPECT_EQ(viewer.viewer.Inner().gridExport.LastFolder(), "D:\\full") << "chosen, though nothing is there";
 }
 
 TEST(ExportedGrid, IsNothingWhenTheGridIsHidden) {
@@ -148,10 +152,14 @@ TEST(PrintedGrid, HasATitleAndAFootForEachTab) {
     form.Tabs.SelectTab(2);
     viewer.viewer.Tabs_Click();
     viewer.Press("PrintGrid");
-    const std::vector<std::string> ways = {"print landscape", "document Business Unit Summary",   "printed",
-                                           "print landscape", "document Business Unit Hierarchy", "printed"};
+    viewer.viewer.optDisplay_Click(1);
+    form.optDisplay.Select(1);
+    viewer.Press("PrintGrid");
+    std::vector<std::string> ways;
+    for (const char* tab : {"Summary", "Hierarchy", "Hierarchy"})
+        ways.insert(ways.end(), {"print landscape", std::string("document Business Unit ") + tab, "printed"});
     EXPECT_EQ(viewer.host.Shown(), ways);
-    ASSERT_EQ(viewer.host.pages.size(), 2u);
+    ASSERT_EQ(viewer.host.pages.size(), 3u);
     const std::string text = PageText(viewer.host.pages[1]);
     EXPECT_TRUE(text.starts_with("Business Unit Hierarchy\n")) << text;
     EXPECT_TRUE(text.ends_with("\n21/11/2026 09:00\tCurrent profile : Default\tPage 1 of 1\n")) << text;

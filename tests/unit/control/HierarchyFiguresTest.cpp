@@ -74,6 +74,7 @@ TEST(HierarchyFigures, AreTheSumsOfTheLists) {
             EXPECT_EQ(test.Grid(1).CellText(row, 1), expected) << "seed " << seed << ", unit " << id;
             EXPECT_EQ(test.Grid(2).RowBackColour(row).has_value(), expected.empty())
                 << "grey without figures";
+            EXPECT_EQ(test.Grid(2).FirstColouredColumn(row), 0) << "over all columns";
             ++figures;
         }
     }

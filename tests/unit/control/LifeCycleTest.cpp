@@ -216,6 +216,34 @@ TEST(Fill, ShowsTheSummaryAndFitsTheGridsToTheirRows) {
     EXPECT_EQ(test.Grid(0).FirstColouredColumn(2), 2) << "the margin of the empty total has no colour";
 }
 
+TEST(Fill, KeepsTheCellAndThePlaceInEachGrid) {
+    test::TestViewer test;
+    test.Start({"A", "B"});
+    test.Receive(test::GoodTables());
+    test.ViewAll();
+    const auto rowOf = [&](int index) { return test.Grid(index).FindRow(index == 0 ? "T|C" : "B"); };
+    std::vector<int> before;
+    for (int index = 0; index < 3; ++index) {
+        before.push_back(rowOf(index));
+        test.Grid(index).SetCurrentCell(before.back(), 5);
+        test.Grid(index).SetTopIndex(before.back());
+        test.Grid(index).SetScrollLeft(30);
+    }
+    test::Tables more = test::GoodTables();
+    more.units.push_back({"0", "Above", "#"});
+    more.general.push_back({"0", "1", "1", "1"});
+    more.details.push_back({"A", "Above", "C", "1"});
+    test.Receive(more);
+    for (int index = 0; index < 3; ++index) {
+        const OutlineGrid& grid = test.Grid(index);
+        EXPECT_GT(rowOf(index), before[static_cast<std::size_t>(index)]) << index;
+        EXPECT_EQ(grid.CurrentRow(), rowOf(index)) << index;
+        EXPECT_EQ(grid.CurrentColumn(), 5) << index;
+        EXPECT_EQ(grid.DisplayedRows()[static_cast<std::size_t>(grid.TopIndex())], rowOf(index)) << index;
+        EXPECT_EQ(grid.ScrollLeft(), 30) << index;
+    }
+}
+
 TEST(Enter, DoesNothingOnACellThatARefillTookAway) {
     test::TestViewer test;
     test.Start({"A", "B"});

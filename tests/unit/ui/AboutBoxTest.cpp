@@ -147,6 +147,20 @@ TEST(AboutBoxAlone, NeedsNoOwner) {
     EXPECT_EQ(host.Shown(), std::vector<std::string>{"frmGenAbout"});
 }
 
+TEST(AboutBoxAlone, HasRoomForItsPictures) {
+    test::TestHost host;
+    Outside outside(host, host);
+    frmGenAbout box(outside, [](std::string_view, bool) { return 0.0; });
+    box.imgName.SetPlace({0, 0, Pixels(400), Pixels(100)});
+    box.ShowAbout("title", "", "", "", "", "1.2.3", nullptr);
+    EXPECT_EQ(PlaceOf(box.lblTitle), (Place{242, 3, 250, 18}));
+    EXPECT_EQ(PlaceOf(box.lblComments), (Place{3, 75, 489, 0}));
+    for (int i = 0; i < 2; ++i) EXPECT_EQ(PlaceOf(box.linSeparator[i]), (Place{3, 76.0 + i, 486, 1}));
+    EXPECT_EQ(PlaceOf(box.lblVersion), (Place{408, 102, 82, 18}));
+    EXPECT_EQ(box.Width(), Pixels(497));
+    EXPECT_EQ(box.Height(), Pixels(187));
+}
+
 INSTANTIATE_TEST_SUITE_P(Texts, AboutBox, testing::ValuesIn(kTexts));
 
 }  // namespace

@@ -71,7 +71,9 @@ TEST(BuiltInWords, AreThereForTheMenuOfGrids) {
         EXPECT_TRUE(item.caption.empty() || HasCaption(item.caption)) << item.caption;
 }
 
-TEST(CaptionCatalogue, GivesKeysBeforeItIsAttached) { EXPECT_EQ(CaptionCatalogue().Caption("View"), "View"); }
+TEST(CaptionCatalogue, GivesKeysBeforeItIsAttached) {
+    EXPECT_EQ(CaptionCatalogue().Caption("NotDone"), "NotDone") << "which is \"Not Done\" later";
+}
 
 TEST(CaptionCatalogue, FailsWithWhatTheHostFailsWith) {
     CaptionCatalogue captions;

@@ -79,7 +79,8 @@ TEST_F(ErrorDialog, ShowsNumberTextAndPlaceInEnglishWithoutACatalogue) {
             "problems persist, contact your system administrator.",
             "Continue"}));
     EXPECT_TRUE(frame_.Enabled());
-    EXPECT_EQ(host_.ways.back(), "messages") << "pending messages are processed once afterwards";
+    EXPECT_EQ(host_.ways, (std::vector<std::string>{"flush", "frmError", "flush", "messages"}))
+        << "pending messages are processed once afterwards";
 }
 
 TEST_F(ErrorDialog, SpeaksTheLanguageOfTheCatalogue) {

@@ -52,21 +52,23 @@ void ProfileMenu::mnuSaveProfile_Click() {
 }
 
 void ProfileMenu::mnuSaveProfileAs_Click() {
-    std::string name;
-    frmNewProfile dialog(outside_, captions_);
-    if (!dialog.GetNewProfile(name, "EnterProfileNameSaveAs", "SaveCurrentProfileAs", owner_)) return;
-    if (!state_.names.Exists(name)) {
-        exchange_.SaveProfileAs(name);
-        return;
-    }
-    const MessageBox question{captions_.Caption("ProfileOverwrite"),
-                              captions_.Caption("Profile") + " : " + name, MessageBox::Buttons::YesNo,
-                              MessageBox::Icon::Question};
-    if (outside_.ShowMessageBox(question) != Answer::Yes) return;
-    if (state_.current && name == state_.current->Name())
-        mnuSaveProfile_Click();
-    else
-        exchange_.SaveProfileAs(name);
+    trap_.Run("DLViewer.mnuSaveProfileAs_Click", [&] {
+        std::string name;
+        frmNewProfile dialog(outside_, captions_);
+        if (!dialog.GetNewProfile(name, "EnterProfileNameSaveAs", "SaveCurrentProfileAs", owner_)) return;
+        if (!state_.names.Exists(name)) {
+            exchange_.SaveProfileAs(name);
+            return;
+        }
+        const MessageBox question{captions_.Caption("ProfileOverwrite"),
+                                  captions_.Caption("Profile") + " : " + name, MessageBox::Buttons::YesNo,
+                                  MessageBox::Icon::Question};
+        if (outside_.ShowMessageBox(question) != Answer::Yes) return;
+        if (state_.current && name == state_.current->Name())
+            mnuSaveProfile_Click();
+        else
+            exchange_.SaveProfileAs(name);
+    });
 }
 
 void ProfileMenu::mnuManage_Click() { exchange_.ChooseNewProfile(""); }

@@ -133,9 +133,24 @@ TEST(Captions, ThatFailInAFillOrABoxAreReportedFromThere) {
         std::vector<std::string> reports;
         int rows[2];  // what of summary and hierarchy was written by then
         const char* total;
+        std::function<void(DLViewer&)> open = [](DLViewer&) {};
     } rows[] = {{"Total", {"5 DLViewer.ShowBUs"}, {6, 5}, ""},
                 {"BusinessUnits", {"5 DLViewer.mDLV_FillBUHierarchyGrid"}, {12, 2}, ""},
-                {"AboutDLV", {"5 DLViewer.tbMain_ButtonClick"}, {6, 5}, "Total"}};
+                {"AboutDLV",
+                 {"5 DLViewer.tbMain_ButtonClick"},
+                 {6, 5},
+                 "Total",
+                 [](DLViewer& viewer) { viewer.tbMain_ButtonClick("Help"); }},
+                {"Close",
+                 {"5 DLViewer.ChooseNewProfile"},
+                 {6, 5},
+                 "Total",
+                 [](DLViewer& viewer) { viewer.mnuManage_Click(); }},
+                {"EnterProfileNameSaveAs",
+                 {"5 DLViewer.mnuSaveProfileAs_Click"},
+                 {6, 5},
+                 "Total",
+                 [](DLViewer& viewer) { viewer.mnuSaveProfileAs_Click(); }}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.key);
         test::TestViewer test;
@@ -148,7 +163,7 @@ TEST(Captions, ThatFailInAFillOrABoxAreReportedFromThere) {
         Collect(test, reports);
         source->broken = true;
         test.Receive(test::GoodTables());
-        if (row.total[0] != 0) test.viewer.tbMain_ButtonClick("Help");
+        row.open(test.viewer);
         EXPECT_EQ(reports, row.reports);
         EXPECT_EQ(test.Grid(0).Rows(), row.rows[0]);
         EXPECT_EQ(test.Grid(1).Rows(), row.rows[1]);
@@ -156,7 +171,10 @@ TEST(Captions, ThatFailInAFillOrABoxAreReportedFromThere) {
         for (int grid = 0; grid < 3; ++grid) EXPECT_TRUE(test.Grid(grid).Redraw()) << grid;
         EXPECT_TRUE(test.viewer.Controls().cmdView.Enabled());
         source->broken = false;
+        test.viewer.Controls().optDisplay.Select(1);
         test.ExpectThatTheNextGoodMessageWorks();
+        EXPECT_EQ(test.viewer.Controls().optDisplay.Selected(), row.rows[1] == 2 ? 0 : 1)
+            << "a profile is applied once, however that fill ended";
     }
 }
 
@@ -174,6 +192,41 @@ TEST(Drilling, ReportsWhatFailsInside) {
     test.viewer.vsFlex_KeyDown(0, 13, false);
     EXPECT_EQ(reports,
               (std::vector<std::string>{"5 DLViewer.lblTechCount_Click", "5 DLViewer.vsFlex_DblClick"}));
+}
+
+TEST(Requests, ThatFailAreReportedByWhoMadeThem) {
+    test::TestViewer test;
+    test.Start({"A", "B"});
+    std::vector<std::string> reports;
+    Collect(test, reports);
+    const auto report = test.host.work;
+    test.host.work = [&](ModalForm& form) {
+        if (auto* name = dynamic_cast<TextBox*>(form.Find("txtName"))) {
+            name->SetText("Night");
+            form.Click(static_cast<Button&>(*form.Find("cmdOK")));
+        } else if (auto* add = dynamic_cast<Button*>(form.Find("cmdNew"))) {
+            form.Click(*add);
+        } else {
+            report(form);
+        }
+    };
+    test.viewer.tbMain_ButtonClick("Profiles");
+    test.host.inside = [](const std::string& way) {
+        if (way.starts_with("event")) RaiseInvalidCall();
+    };
+    test.viewer.mnuProfile_Click(0);
+    test.viewer.mnuSaveProfile_Click();
+    test.viewer.mnuSaveProfileAs_Click();
+    test.viewer.mnuManage_Click();
+    test.viewer.SetSessionBUIDList(std::vector<std::string>{"A", "B"});
+    test.viewer.ReceiveProfileResponse("", "GetProfileList");
+    EXPECT_EQ(reports,
+              (std::vector<std::string>{"5 DLViewer.ChooseNewProfile", "5 DLViewer.UpdateCurrentProfile",
+                                        "5 DLViewer.SaveProfileAs", "5 DLViewer.ChooseNewProfile",
+                                        "5 DLViewer.GetProfileList", "5 DLViewer.GetProfile"}));
+    test.host.inside = [](const std::string&) {};
+    test.host.work = [](ModalForm&) {};
+    test.ExpectThatTheNextGoodMessageWorks();
 }
 
 /// A machine of that language. Notes captions that have no room where they stand, in a font whose characters

@@ -210,11 +210,13 @@ TEST_F(Profiles, GetTheirSectionsWhenTheyAreSavedAtTheLatest) {
     viewer.Controls().optBU.Select(1);
     viewer.Controls().optDisplay.Select(1);
     viewer.optDisplay_Click(1);
+    viewer.Controls().lvBU.SetItems({{"_B", "South", true}});
     Receive(test::GoodTables());
     EXPECT_EQ(viewer.Controls().optBU.Selected(), 0) << "the view that a profile without settings gives";
     EXPECT_EQ(viewer.Controls().optDisplay.Selected(), 0);
     EXPECT_TRUE(Grid(1).Visible());
     EXPECT_TRUE(viewer.Controls().lvBU.Items()[0].selected);
+    EXPECT_FALSE(viewer.Controls().lvBU.Items()[1].selected);
     EXPECT_FALSE(viewer.Controls().lblProfile.Visible());
     host.ways.clear();
     EXPECT_EQ(Saved(), "<WebProfiles></WebProfiles>") << "what the data were shown with is of no set";
@@ -247,6 +249,8 @@ TEST_F(Profiles, ThatNoDocumentCanHoldAreReportedAndNotSent) {
     ViewAll();
     EXPECT_EQ(Saved(), "");
     EXPECT_EQ(failed, "1003 DLViewer.UpdateCurrentProfile");
+    EXPECT_EQ(viewer.Inner().profiles.current->Section("DLVSelect")->Row(1)->Field("BUList"), "A|" + control)
+        << "what was written stays";
     viewer.Controls().lvBU.ClearSelection();
     viewer.Controls().lvBU.SetSelected(0, true);
     host.ways.clear();

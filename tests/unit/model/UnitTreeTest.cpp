@@ -4,7 +4,9 @@
 
 #include <set>
 
+#include "model/cDLVController.h"
 #include "tests/support/Random.h"
+#include "tests/support/TestHost.h"
 
 namespace dlv {
 
@@ -55,6 +57,20 @@ TEST(UnitTree, NamesDescendantsInTheirOrderAndSumsThemUp) {
         }
         EXPECT_EQ(tree.Find("nobody"), UnitTree::kNone);
     }
+}
+
+TEST(UnitSets, AreEmptyAndReportedWhereTheyCannotBeHad) {
+    test::TestHost host;
+    std::vector<std::string> reports;
+    const Trap trap([&](const RunTimeError& error, std::string_view location) {
+        reports.push_back(std::to_string(error.Number()) + ' ' + std::string(location));
+    });
+    cDLVController controller(host, trap, {});
+    Form withoutList("form");
+    controller.Initialize(withoutList);
+    EXPECT_EQ(controller.GetBUList().Count() + controller.GetAggregateBUList().Count(), 0u);
+    EXPECT_EQ(reports, (std::vector<std::string>{"5 cDLVController.GetBUList",
+                                                 "5 cDLVController.GetAggregateBUList"}));
 }
 
 }  // namespace

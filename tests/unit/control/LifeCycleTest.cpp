@@ -138,8 +138,10 @@ TEST(Layout, MovesFramesBeforeTheStart) {
     for (const double width : {0.0, 10.0, 856.0, 3000.0}) {
         test.host.width = test.host.height = Pixels(width);
         test.viewer.ResizeControls();
-        test.viewer.UserControl_Resize();
         EXPECT_EQ(test.viewer.Controls().fraDLV.Width(), Pixels(width));
+        test.host.width += Pixels(1);
+        test.viewer.UserControl_Resize();
+        EXPECT_EQ(test.viewer.Controls().fraDLV.Width(), Pixels(width + 1));
         EXPECT_EQ(test.viewer.Controls().vsFlex[0].Columns(), 0) << "the grids wait for captions";
     }
     ViewerForm& form = test.viewer.Controls();

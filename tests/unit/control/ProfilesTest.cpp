@@ -65,6 +65,8 @@ TEST_F(Profiles, OfAnotherVersionKeepWhatIsNotOurs) {
   <WebProfile><Name>Other</Name><Section Name="dlvselect" Fields="BUList"/></WebProfile>
 </WebProfiles>)");
     EXPECT_EQ(viewer.Controls().optDisplay.Selected(), 1);
+    EXPECT_TRUE(Grid(2).Visible());
+    EXPECT_FALSE(Grid(1).Visible());
     EXPECT_EQ(viewer.Controls().optBU.Selected(), 0) << "a field that is missing is not set";
     EXPECT_TRUE(viewer.Controls().lvBU.Items()[1].selected);
     Grid(1).SetCollapsed(Grid(1).FindRow("A"), true);

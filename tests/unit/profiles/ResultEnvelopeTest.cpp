@@ -99,6 +99,9 @@ TEST_F(Envelope, ReadsTheNumberFromTheStartOfItsText) {
     }
     EXPECT_TRUE(Parse("<WebTable Name=\"Error\"></WebTable>")) << "a table without rows is one";
     EXPECT_TRUE(Parse("<WebTable Name=\"Error\"><row x=\"1\"/></WebTable>"));
+    EXPECT_TRUE(
+        Parse("<WebTable Name=\"Error\"><row ErrorNumber=\"0\" ErrorDescription=\"\"/>"
+              "<row ErrorNumber=\"4\" ErrorDescription=\"second row\"/></WebTable>"));
     EXPECT_EQ(envelope_.LastErrorNumber(), 0);
     EXPECT_TRUE(Parse("<WebTable Name=\"Error\"><row ErrorNumber=\"9\"/></WebTable>"));
     EXPECT_EQ(envelope_.LastErrorNumber(), 9) << "an error, though there is nothing to show";

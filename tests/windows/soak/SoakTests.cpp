@@ -136,7 +136,8 @@ TEST(Soak, TwentyThousandRefreshesLeaveNothing) {
 
 TEST(Soak, AThousandLoadsLeaveAlmostNothing) {
     // The run-time library keeps its mutexes when it is unloaded; slots of the threads' storage, of which
-    // there are about a thousand, and the memory for exceptions it must not keep. The 32-bit one keeps one more.
+    // there are about a thousand, and the memory for exceptions it must not keep. The 32-bit one keeps one
+    // more.
     constexpr std::size_t kBlocksEach = sizeof(void*) == 8 ? 12 : 13;
     constexpr std::size_t kBytesEach = 1'000;
     constexpr std::size_t kHandlesEach = 2;

@@ -4,13 +4,14 @@
 #   try_package ZIP BITS   unpacks a zip and uses it in a Wine where the control was never installed
 
 make_packages() {
-    local bits architecture doc=/usr/share/doc
+    local bits architecture doc=/usr/share/doc licences
     for bits in 64 32; do
         architecture=x86-64
         ((bits == 64)) || architecture=i686
-        python3 "$root/packaging/package.py" "$root" "$state/win$bits" "$bits" \
-            "mingw-w64=$doc/mingw-w64-common/copyright,gcc=$doc/gcc-mingw-w64-$architecture-posix-runtime/copyright" \
-            "$state/package"
+        licences="mingw-w64=$doc/mingw-w64-common/copyright"
+        licences+=",gcc=$doc/gcc-mingw-w64-$architecture-posix-runtime/copyright"
+        licences+=",nlohmann-json=$doc/nlohmann-json3-dev/copyright"
+        python3 "$root/packaging/package.py" "$root" "$state/win$bits" "$bits" "$licences" "$state/package"
     done
 }
 

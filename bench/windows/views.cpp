@@ -15,6 +15,7 @@
 #include "bench/windows/Calls.h"
 #include "hosts/container/Container.h"
 #include "hosts/container/Library.h"
+#include "hosts/container/WindowList.h"
 
 namespace {
 
@@ -72,26 +73,11 @@ void PumpMessages() {
 
 void PaintNow(HWND window) { RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN); }
 
-struct WindowSearch {
-    const wchar_t* className;
-    HWND found;
-};
-
-BOOL CALLBACK LookAt(HWND window, LPARAM data) {
-    auto& search = *reinterpret_cast<WindowSearch*>(data);
-    wchar_t name[64] = {};
-    GetClassNameW(window, name, 64);
-    if (!IsWindowVisible(window) || wcscmp(name, search.className) != 0) return TRUE;
-    search.found = window;
-    return FALSE;
-}
-
 /// The first visible window of the class inside `parent`.
 HWND FindInside(HWND parent, const wchar_t* className) {
-    WindowSearch search{className, nullptr};
-    EnumChildWindows(parent, LookAt, reinterpret_cast<LPARAM>(&search));
-    if (search.found == nullptr) Need(E_FAIL, "finding a window");
-    return search.found;
+    const std::vector<HWND> found = dlv::container::VisibleInside(parent, className);
+    if (found.empty()) Need(E_FAIL, "finding a window");
+    return found.front();
 }
 
 class HostWindow {

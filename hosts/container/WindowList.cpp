@@ -19,6 +19,14 @@ std::vector<HWND> WindowsInside(HWND parent) {
     return found;
 }
 
+std::vector<HWND> VisibleInside(HWND parent, const wchar_t* className) {
+    std::vector<HWND> found = WindowsInside(parent);
+    std::erase_if(found, [className](HWND window) {
+        return !IsWindowVisible(window) || lstrcmpiW(ClassOf(window).c_str(), className) != 0;
+    });
+    return found;
+}
+
 std::vector<HWND> WindowsOfThread() {
     std::vector<HWND> found;
     EnumThreadWindows(GetCurrentThreadId(), Collect, reinterpret_cast<LPARAM>(&found));

@@ -10,6 +10,8 @@ namespace dlv::container {
 
 /// At any depth, in their order on the screen.
 std::vector<HWND> WindowsInside(HWND parent);
+/// Those of a class that are to be seen.
+std::vector<HWND> VisibleInside(HWND parent, const wchar_t* className);
 /// The windows of this thread that stand in no other.
 std::vector<HWND> WindowsOfThread();
 

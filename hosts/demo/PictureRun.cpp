@@ -1,10 +1,10 @@
 #include "hosts/demo/PictureRun.h"
+#include "hosts/container/WindowList.h"
 
 #include <commctrl.h>
 
 #include <cstdio>
 
-#include "hosts/demo/ChildWindows.h"
 #include "hosts/demo/WindowPicture.h"
 #include "windows/com/Strings.h"
 
@@ -16,7 +16,7 @@ constexpr int kRefreshesBeforePicture = 2;
 constexpr DWORD kSettleMilliseconds = 300;
 
 bool ChooseSecondTab(HWND window) {
-    const auto tabs = VisibleChildren(window, WC_TABCONTROLW);
+    const auto tabs = container::VisibleInside(window, WC_TABCONTROLW);
     if (tabs.empty()) return false;
     SendMessageW(tabs.front(), TCM_SETCURFOCUS, 1, 0);
     return SendMessageW(tabs.front(), TCM_GETCURSEL, 0, 0) == 1;
@@ -26,7 +26,7 @@ bool ChooseSecondTab(HWND window) {
 bool ChooseDisplayByPoints(HWND window) {
     HWND chosen = nullptr;
     POINT best{};
-    for (const HWND button : VisibleChildren(window, WC_BUTTONW)) {
+    for (const HWND button : container::VisibleInside(window, WC_BUTTONW)) {
         RECT place;
         GetWindowRect(button, &place);
         const bool lower = place.top > best.y || (place.top == best.y && place.left > best.x);

@@ -1,11 +1,11 @@
 #include "hosts/demo/Smoke.h"
+#include "hosts/container/WindowList.h"
 
 #include <commctrl.h>
 
 #include <cstdio>
 
 #include "hosts/demo/AtlHolder.h"
-#include "hosts/demo/ChildWindows.h"
 
 namespace dlv::demo {
 
@@ -18,7 +18,7 @@ bool Failed(const char* what) {
 
 /// The unit list is filled from the figures.
 bool ShowsUnits(HWND window) {
-    for (const HWND list : VisibleChildren(window, WC_LISTVIEWW))
+    for (const HWND list : container::VisibleInside(window, WC_LISTVIEWW))
         if (SendMessageW(list, LVM_GETITEMCOUNT, 0, 0) == static_cast<LRESULT>(Units().size())) return true;
     return false;
 }

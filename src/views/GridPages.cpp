@@ -170,9 +170,10 @@ void GridPages::AddRows(Sheet& sheet, std::size_t first, std::size_t end, double
     const double bottom = top + height * static_cast<double>(end - first);
     for (std::size_t i = first; i < end; ++i) {
         const double place = top + height * static_cast<double>(i - first);
-        const double left = edges_[static_cast<std::size_t>(grid_.FirstColouredColumn(rows[i]))];
-        if (const auto colour = grid_.RowBackColour(rows[i]))
+        if (const auto colour = grid_.RowBackColour(rows[i])) {
+            const double left = edges_[static_cast<std::size_t>(grid_.FirstColouredColumn(rows[i]))];
             sheet.Fill({left, place, edges_.back() - left, height}, *colour);
+        }
         sheet.Fill({0, place + height - kLine, edges_.back(), kLine}, kGridLine);
     }
     AddColumnLines(sheet, top, bottom);

@@ -4,22 +4,9 @@
 
 namespace dlv::test {
 
-namespace {
-
-HWND FirstVisible(HWND parent, std::function<bool(HWND)> wanted) {
-    for (const HWND child : container::WindowsInside(parent))
-        if (IsWindowVisible(child) && wanted(child)) return child;
-    return nullptr;
-}
-
-}  // namespace
-
 HWND FindClass(HWND parent, const wchar_t* className) {
-    return FirstVisible(parent, [className](HWND child) {
-        wchar_t name[64] = {};
-        GetClassNameW(child, name, static_cast<int>(std::size(name)));
-        return _wcsicmp(name, className) == 0;
-    });
+    const std::vector<HWND> found = container::VisibleInside(parent, className);
+    return found.empty() ? nullptr : found.front();
 }
 
 std::wstring CaptionOf(HWND window) {
@@ -34,7 +21,9 @@ std::wstring CaptionOf(HWND window) {
 }
 
 HWND FindCaption(HWND parent, const std::wstring& caption) {
-    return FirstVisible(parent, [&](HWND child) { return CaptionOf(child) == caption; });
+    for (const HWND child : container::WindowsInside(parent))
+        if (IsWindowVisible(child) && CaptionOf(child) == caption) return child;
+    return nullptr;
 }
 
 }  // namespace dlv::test

@@ -34,7 +34,7 @@ public:
     /// Takes the person's own printer, without asking. False when there is none.
     bool TakeDefault() {
         question_.Flags = PD_RETURNDEFAULT;
-        return dialogs_.AskForPrinter(question_) != FALSE;
+        return dialogs_.AskForPrinter(question_);
     }
 
     void Propose(Printer::Orientation orientation) {

@@ -25,13 +25,11 @@ protected:
 
     /// The first visible window of that class and text.
     HWND Find(const wchar_t* className, const wchar_t* text = nullptr) const {
-        for (const HWND child : container::WindowsInside(window.Handle())) {
+        for (const HWND child : container::VisibleInside(window.Handle(), className)) {
             // Without the mark of an access key.
             std::wstring caption = container::TextOf(child);
             if (const auto mark = caption.find(L'&'); mark != std::wstring::npos) caption.erase(mark, 1);
-            if (IsWindowVisible(child) && lstrcmpiW(container::ClassOf(child).c_str(), className) == 0 &&
-                (text == nullptr || caption == text))
-                return child;
+            if (text == nullptr || caption == text) return child;
         }
         return nullptr;
     }

@@ -72,6 +72,35 @@ TEST_F(FormWindowsTest, OnlyLabelsThatAnswerClicksReportThem) {
     EXPECT_EQ(shown.done, (std::vector<std::string>{"click label"}));
 }
 
+TEST_F(FormWindowsTest, TipsTellWhatCannotBeRead) {
+    const HWND label = shown.Of(form.label);
+    const auto labelTip = [&] {
+        NMTTDISPINFOW asked{};
+        asked.hdr = {shown.windows.TipWindow(), reinterpret_cast<UINT_PTR>(label),
+                     static_cast<UINT>(TTN_GETDISPINFOW)};
+        SendMessageW(label, WM_NOTIFY, asked.hdr.idFrom, reinterpret_cast<LPARAM>(&asked));
+        return Narrow(std::wstring_view(asked.lpszText));
+    };
+    EXPECT_EQ(labelTip(), "");
+    const std::string longText(100, 'm');
+    shown.Change([&] { form.label.SetCaption(longText); });
+    EXPECT_EQ(labelTip(), longText) << "what is cut";
+    shown.Change([&] { form.label.SetToolTip("more"); });
+    EXPECT_EQ(labelTip(), "more") << "its own comes first";
+
+    const HWND bar = shown.Of(form.bar);
+    TBBUTTON button{};
+    SendMessageW(bar, TB_GETBUTTON, 0, reinterpret_cast<LPARAM>(&button));
+    wchar_t text[20] = {};
+    NMTBGETINFOTIPW asked{};
+    asked.hdr = {bar, 0, static_cast<UINT>(TBN_GETINFOTIPW)};
+    asked.iItem = button.idCommand;
+    asked.pszText = text;
+    asked.cchTextMax = 20;
+    SendMessageW(GetParent(bar), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&asked));
+    EXPECT_EQ(Narrow(std::wstring_view(text)), "Save");
+}
+
 TEST_F(FormWindowsTest, TheListShowsTheStateAndItsSelection) {
     SetItems(20);
     EXPECT_EQ(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0), 20);
